@@ -1,0 +1,62 @@
+#pragma once
+
+#include "presentation/draw_view.h"
+#include "world/game.h"
+
+namespace apsis {
+
+// The screens of the game. Values are fixed: 0 to 10.
+enum MODE {
+    MODE_INTRO,          // splash while the pictures load; 10 ticks
+    MODE_MENU,           // main menu
+    MODE_ABOUT,          // about picture
+    MODE_INSTRUCTIONS,   // instructions picture
+    MODE_LEVEL,          // briefing over the still scene
+    MODE_CHOICE,         // difficulty and level
+    MODE_PLAY,           // flight
+    MODE_RESTART_FADE,   // fade to white, then the same level; 8 ticks
+    MODE_COLLISION_FADE, // fade to white, then the collision message; 8 ticks
+    MODE_COLLISION,      // collision message; 60 ticks
+    MODE_LEVEL_COMPLETE, // level complete; 200 ticks
+};
+
+// The centre of the game: owns the world and the camera, knows the screen, and advances both once
+// per tick of 1/30 s. The craft's mainInfluence points into drawView, so a Controller stays where
+// it was built.
+struct Controller {
+    bool needsRedraw = true; // read and cleared by the host after each tick
+    Game game;
+    DrawView drawView;
+    MODE mode = MODE_INTRO;
+    int counter = 10;                    // ticks left in a timed mode
+    int level = 1;                       // level played or offered, 0 to 8; 0 is practice
+    double countDownTime = 0.0;          // s of simulated time still to hold the objective orbit
+    bool isCountingDown = false;         // the objective orbit is being held
+    bool isPartialObjectiveDone = false; // level 8: the asteroid has been passed
+    int menuChoice = 1;                  // highlighted menu entry, 1 to 4
+    bool isZoomingIn = false;            // w held
+    bool isZoomingOut = false;           // q held
+    bool isSpeedingUp = false;           // s held
+    bool isSlowingDown = false;          // a held
+    bool isThrottlingUp = false;         // x held
+    bool isThrottlingDown = false;       // z held
+    double desiredThrottle = 1.0;        // the throttle asked for; clamped into the craft's
+
+    Controller();
+    Controller(const Controller&) = delete;
+    Controller& operator=(const Controller&) = delete;
+
+    void setMode(MODE m);
+    // Sets up level n and shows its briefing; above 8, back to the menu.
+    void startLevel(int n);
+    // One tick.
+    void doFrame();
+    void keyDown(unsigned short key);
+    void keyUp(unsigned short key);
+    // Draws what the present mode shows on the current canvas.
+    void drawRect();
+    // Judges the attempt after a world step: crashes, dockings, held orbits.
+    void checkObjectives();
+};
+
+} // namespace apsis

@@ -1,0 +1,37 @@
+#pragma once
+
+namespace apsis {
+
+inline constexpr double kPi = 3.141592653589793;
+inline constexpr double kTwoPi = 6.283185307179586;
+inline constexpr double kHalfPi = 1.5707963267948966;
+
+// mantissa * 10^exponent, by repeated multiplication or division by 10.0, each step rounded on its
+// own. Every physical constant of the game is written this way, and its last bit depends on it:
+// E(6.67, -11) is 6.670000000000001e-11, one unit in the last place above the literal.
+constexpr double E(double mantissa, int exponent) {
+    double value = mantissa;
+    for (int i = 0; i < exponent; ++i)
+        value *= 10.0;
+    for (int i = 0; i > exponent; --i)
+        value /= 10.0;
+    return value;
+}
+
+// The gravitational constant, m^3 kg^-1 s^-2. Evaluated at compile time: plain multiplication and
+// division round the same way there as at run time.
+inline constexpr double G = E(6.67, -11);
+
+// The angle brought into [0, 2*pi] by repeated subtraction or addition of 2*pi, so that it rounds
+// like the game always has; both ends of the interval are kept as they are. An angle that is not
+// finite comes back as 0, and one very far out is first reduced by a remainder, so no input hangs.
+double balance(double angle);
+
+// Set once the C library's generator has been seeded from the clock. A test that wants a
+// reproducible layout sets it to true and seeds the generator itself.
+extern bool randSeedSet;
+
+// A random angle in [0, 2*pi], both ends included.
+double randomAngle();
+
+} // namespace apsis

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "physics/position.h"
+#include "physics/stellar.h"
+
+namespace apsis {
+
+struct Game;
+
+// A place in the view, before it is narrowed to the canvas's single precision.
+struct ViewPoint {
+    double x = 0.0; // points from the left edge
+    double y = 0.0; // points from the bottom edge
+};
+
+// The camera, the size of the view, the zoom indicator, and every drawing operation of the game.
+// The drawing operations draw on the current canvas, after initSizes in the same redraw.
+struct DrawView {
+    double viewScale;        // m of world across the whole width of the view: the zoom
+    Position viewCenter;     // the world point at the middle of the view (only x and y are used)
+    Stellar viewTarget;      // a snapshot of the body the camera follows
+    double viewWidth = 0.0;  // points
+    double viewHeight = 0.0; // points
+    double viewScaleH = 0.0; // m of world across the whole height of the view
+    double zoomRect = 0.0;   // size of the zoom indicator as a fraction of the view; 0 shows none
+
+    DrawView(double viewScale, const Position& center, const Stellar& target);
+
+    // Reads the size of the canvas being drawn and derives viewScaleH. Outside a redraw, or on a
+    // surface without area, the previous sizes stay.
+    void initSizes();
+
+    // World to view: where a world point (m) lands, and how many points a world length covers.
+    ViewPoint worldToView(double x, double y) const;
+    double lengthToView(double metres) const;
+
+    // One body, as its sprite frame when at least 10 points across, else as a symbol of the given
+    // style: 0 dot labelled above, 1 dot labelled below, 2 cross, 3 dart, 4 dart with flame.
+    void drawStel(Stellar& body, int style);
+    // The flight scene: bodies, zoom indicator and head-up display.
+    void drawGame(Game& game);
+
+    // Full-window screens.
+    void drawIntro(int counter);
+    void drawMenu(int choice);
+    void drawAbout();
+    void drawInstructions();
+    void drawChoice(int level, int difficulty);
+
+    // Screens over the flight scene.
+    void drawLevel(int level, Game& game);
+    void drawLevelComplete(double t, Game& game);
+    void drawFadeToWhite(double t, Game& game);
+
+    // Flight with its overlays.
+    void drawPlay(Game& game);
+    void drawFlag(Game& game);
+    void drawCountDown(double t, Game& game);
+    void drawCollisionText(Game& game);
+};
+
+} // namespace apsis

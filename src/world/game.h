@@ -1,0 +1,45 @@
+#pragma once
+
+#include "physics/player.h"
+#include "physics/stellar.h"
+
+namespace apsis {
+
+// The whole simulated world: nine bodies, the craft, the clock and the level's limits. Built once;
+// each level set-up spreads the bodies out, and doFrame advances them.
+struct Game {
+    bool running = false;     // the world advances only while set
+    double timeStep = 600.0;  // s of simulated time per world step (one tick of 1/30 s)
+    double elapsedTime = 0.0; // s of simulated time since the level began
+    double timeLimit = 0.0;   // s; 0 means no limit
+    int difficulty = 1;       // 1 Easy, 2 Medium, 3 Hard
+    Stellar sun;
+    Stellar venus;
+    Stellar earth;
+    Stellar moon;
+    Stellar mars;
+    Stellar jupiter;
+    Stellar satellite;
+    Stellar station;
+    Stellar asteroid;
+    Player player;
+
+    // Every body at the origin, at rest, active; no level set up yet.
+    Game();
+    // The bodies point at one another; a copied world would point into the original.
+    Game(const Game&) = delete;
+    Game& operator=(const Game&) = delete;
+
+    // One world step of timeStep seconds in 500 sub-steps. level is the level being played; in
+    // level 4 the satellite is held at a fixed fraction of Earth's state instead of being pulled.
+    void doFrame(int level);
+    // Puts the world into the starting state of level 0 to 8 at the present difficulty. A number
+    // outside 0..8 is taken as the nearest level.
+    void setLevel(int level);
+};
+
+// The factor by which a difficulty scales the craft's engine, the square of its tank, and the
+// time limit: 1.25 for Easy, 1.0 for Medium and anything unknown, 0.8 for Hard.
+double difficultyFactor(int difficulty);
+
+} // namespace apsis
