@@ -1,5 +1,8 @@
+#include "physics/position.h"
 #include "presentation/canvas.h"
 #include "presentation/draw_view.h"
+
+#include <cmath>
 
 namespace apsis {
 
@@ -26,6 +29,22 @@ ViewPoint DrawView::worldToView(double x, double y) const {
 
 double DrawView::lengthToView(double metres) const {
     return metres * viewWidth / viewScale;
+}
+
+void DrawView::moveCamera(double timeStep, bool isRunning) {
+    // Glide: 12% of the way towards the followed body in every frame, so a change of body is a
+    // smooth pan rather than a jump.
+    const double d = std::sqrt(sqDist(viewCenter, viewTarget.pos));
+    const double theta =
+        std::atan2(viewTarget.pos.y - viewCenter.y, viewTarget.pos.x - viewCenter.x);
+    viewCenter.x += std::cos(theta) * d * 0.12;
+    viewCenter.y += std::sin(theta) * d * 0.12;
+    // Lead: the centre travels with the body over the frame's simulated time, so a fast body is
+    // not left behind by the glide alone.
+    if (isRunning) {
+        viewCenter.x += viewTarget.pos.vx * timeStep * 0.88;
+        viewCenter.y += viewTarget.pos.vy * timeStep * 0.88;
+    }
 }
 
 } // namespace apsis

@@ -33,6 +33,9 @@ struct DrawView {
     // World to view: where a world point (m) lands, and how many points a world length covers.
     ViewPoint worldToView(double x, double y) const;
     double lengthToView(double metres) const;
+    // One flight frame of the camera: the centre closes 12% of its distance to viewTarget and,
+    // while the world runs, moves on with the target's velocity over timeStep seconds.
+    void moveCamera(double timeStep, bool isRunning);
 
     // One body, as its sprite frame when at least 10 points across, else as a symbol of the given
     // style: 0 dot labelled above, 1 dot labelled below, 2 cross, 3 dart, 4 dart with flame.
