@@ -1,0 +1,74 @@
+#pragma once
+
+#include "assets/resources.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace apsis {
+
+// A picture that is only a size.
+class FakePicture final : public Picture {
+  public:
+    FakePicture(float width, float height) : width_(width), height_(height) {}
+    float width() const override { return width_; }
+    float height() const override { return height_; }
+
+  private:
+    float width_;
+    float height_;
+};
+
+// Pictures and texts held in memory, keyed by "name.type". Remembers what was asked for.
+class FakeResources final : public Resources {
+  public:
+    std::map<std::string, PictureHandle> pictures;
+    std::map<std::string, std::string> textFiles;
+    std::vector<std::string> requests; // every "name.type" asked for, in order
+
+    PictureHandle loadPicture(const std::string& name, const std::string& type) override {
+        requests.push_back(name + "." + type);
+        const auto found = pictures.find(name + "." + type);
+        return found == pictures.end() ? PictureHandle{} : found->second;
+    }
+    std::optional<std::string> loadText(const std::string& name, const std::string& type) override {
+        requests.push_back(name + "." + type);
+        const auto found = textFiles.find(name + "." + type);
+        if (found == textFiles.end())
+            return std::nullopt;
+        return found->second;
+    }
+
+    // Adds a picture of the given size under "name.type" and returns it.
+    const Picture* addPicture(const std::string& file, float width, float height) {
+        auto picture = std::make_shared<FakePicture>(width, height);
+        pictures[file] = picture;
+        return picture.get();
+    }
+};
+
+// Installs a FakeResources for the life of a test and puts the previous loader back after.
+class ScopedFakeResources {
+  public:
+    ScopedFakeResources() {
+        auto fake = std::make_unique<FakeResources>();
+        fake_ = fake.get();
+        previous_ = installResources(std::move(fake));
+    }
+    ~ScopedFakeResources() { installResources(std::move(previous_)); }
+    ScopedFakeResources(const ScopedFakeResources&) = delete;
+    ScopedFakeResources& operator=(const ScopedFakeResources&) = delete;
+
+    FakeResources& operator*() { return *fake_; }
+    FakeResources* operator->() { return fake_; }
+
+  private:
+    FakeResources* fake_;
+    std::unique_ptr<Resources> previous_;
+};
+
+} // namespace apsis
