@@ -2,6 +2,7 @@
 
 #include "presentation/canvas.h"
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,6 +45,8 @@ class RecordingCanvas : public Canvas {
 
     Size surface; // what size() answers; set it before initSizes
     std::vector<Call> calls;
+    // Sizes that particular texts measure instead of the rule's, whatever the style.
+    std::map<std::string, Size, std::less<>> textSizes;
 
     // The measuring rule, for tests that want to compute an expected position.
     static Size textSize(std::string_view text, float size);
