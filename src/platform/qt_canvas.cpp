@@ -1,0 +1,294 @@
+#include "platform/qt_canvas.h"
+
+#include "platform/qt_clip.h"
+#include "platform/qt_resources.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include <QPaintDevice>
+#include <QPainterPath>
+#include <QPen>
+
+namespace apsis {
+namespace {
+
+// How far a stroke's ink reaches beyond its path: half the line, and the mitre of a sharp turn.
+constexpr double kStrokeReach = 16.0;
+// How far beyond the surface text ink may stand outside its measured box (overhanging letters).
+constexpr double kTextReach = 8.0;
+// Geometry that stays within this distance of the surface goes to Qt as it is; anything larger
+// is cut to a window this much larger than the surface first, far enough out that no cut end and
+// no mitre at the window's edge can show.
+constexpr double kWindowMargin = 64.0;
+
+double unitInterval(double v) {
+    return std::isnan(v) ? 0.0 : std::clamp(v, 0.0, 1.0);
+}
+
+// Colours outside 0..1 are held to it: the zoom indicator asks for negative opacities and means
+// none at all.
+QColor toQColor(const Color& c) {
+    return QColor::fromRgbF(
+        static_cast<float>(unitInterval(c.r)), static_cast<float>(unitInterval(c.g)),
+        static_cast<float>(unitInterval(c.b)), static_cast<float>(unitInterval(c.a)));
+}
+
+bool finite(const Rect& r) {
+    return std::isfinite(r.x) && std::isfinite(r.y) && std::isfinite(r.width) &&
+           std::isfinite(r.height);
+}
+
+QSizeF surfaceOf(const QPainter& painter) {
+    const QPaintDevice* device = painter.device();
+    if (device == nullptr)
+        return {};
+    const double ratio = device->devicePixelRatioF();
+    return {device->width() / ratio, device->height() / ratio};
+}
+
+// A 1-point line with square-cut ends and mitred corners, as the game's outlines are drawn.
+QPen outlinePen(const QColor& color) {
+    QPen pen(color, 1.0, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+    pen.setMiterLimit(5.0); // in line widths from the corner: ten times the half width
+    return pen;
+}
+
+// One outline of a path: its corners in painter units, and whether its end joins its start.
+struct Outline {
+    QPolygonF points;
+    bool closed = false;
+};
+
+} // namespace
+
+QtCanvas::QtCanvas(QPainter& painter, Size size)
+    : painter_(painter), size_(size), faces_(painter.device()) {
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setRenderHint(QPainter::TextAntialiasing);
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+}
+
+QtCanvas::QtCanvas(QPainter& painter)
+    : QtCanvas(painter, Size{static_cast<float>(surfaceOf(painter).width()),
+                             static_cast<float>(surfaceOf(painter).height())}) {}
+
+QRectF QtCanvas::toQt(const Rect& r) const {
+    const double height = static_cast<double>(r.height);
+    return QRectF(static_cast<double>(r.x),
+                  static_cast<double>(size_.height) - static_cast<double>(r.y) - height,
+                  static_cast<double>(r.width), height)
+        .normalized();
+}
+
+bool QtCanvas::reaches(const QRectF& r, double margin) const {
+    return r.right() >= -margin && r.left() <= static_cast<double>(size_.width) + margin &&
+           r.bottom() >= -margin && r.top() <= static_cast<double>(size_.height) + margin;
+}
+
+void QtCanvas::fillRect(const Rect& r, const Color& c) {
+    if (!finite(r) || !(c.a > 0.0))
+        return;
+    // A fill is the same whatever lies outside the surface, so it is cut to the surface first.
+    const QRectF surface(0.0, 0.0, static_cast<double>(size_.width),
+                         static_cast<double>(size_.height));
+    const QRectF visible = toQt(r).intersected(surface.adjusted(-1.0, -1.0, 1.0, 1.0));
+    if (visible.isEmpty())
+        return;
+    painter_.fillRect(visible, toQColor(c));
+}
+
+void QtCanvas::strokePath(const Path& path, const Color& c) {
+    drawPath(path, c, false);
+}
+
+void QtCanvas::fillPath(const Path& path, const Color& c) {
+    drawPath(path, c, true);
+}
+
+void QtCanvas::drawPath(const Path& path, const Color& c, bool fill) {
+    if (path.elements.empty() || !(c.a > 0.0))
+        return;
+    // The outlines in painter units, and the ovals, which Qt cuts down well by itself.
+    std::vector<Outline> outlines;
+    std::vector<QRectF> ovals;
+    constexpr double kFar = std::numeric_limits<double>::infinity();
+    double left = kFar, right = -kFar, top = kFar, bottom = -kFar;
+    const auto extend = [&](const QRectF& r) {
+        left = std::min(left, r.left());
+        right = std::max(right, r.right());
+        top = std::min(top, r.top());
+        bottom = std::max(bottom, r.bottom());
+    };
+    for (const Path::Element& element : path.elements) {
+        if (!finite(element.rect))
+            return; // a shape with a point at infinity has no sensible picture
+        const QRectF r = toQt(element.rect);
+        extend(r);
+        switch (element.kind) {
+        case Path::Kind::MoveTo:
+            outlines.push_back({{r.topLeft()}, false});
+            break;
+        case Path::Kind::LineTo:
+            // A line without a start begins where it ends.
+            if (outlines.empty() || outlines.back().closed)
+                outlines.push_back({{}, false});
+            outlines.back().points.append(r.topLeft());
+            break;
+        case Path::Kind::Oval:
+            ovals.push_back(r);
+            break;
+        case Path::Kind::Rectangle:
+            outlines.push_back(
+                {QPolygonF({r.topLeft(), r.topRight(), r.bottomRight(), r.bottomLeft()}), true});
+            break;
+        }
+    }
+    const QRectF bounds(QPointF(left, top), QPointF(right, bottom));
+    if (!reaches(bounds, fill ? 1.0 : kStrokeReach))
+        return;
+
+    const QRectF window(-kWindowMargin, -kWindowMargin,
+                        static_cast<double>(size_.width) + 2.0 * kWindowMargin,
+                        static_cast<double>(size_.height) + 2.0 * kWindowMargin);
+    const bool cut = !window.contains(bounds);
+    QPainterPath qtPath;
+    qtPath.setFillRule(Qt::WindingFill);
+    for (const Outline& outline : outlines) {
+        if (!cut) {
+            qtPath.addPolygon(outline.points);
+            if (outline.closed)
+                qtPath.closeSubpath();
+        } else if (fill) {
+            const QPolygonF inside = clipPolygon(outline.points, window);
+            if (inside.size() >= 3)
+                qtPath.addPolygon(inside);
+        } else {
+            // A stroke keeps its pieces inside the window, joined where no cut parts them.
+            QPolygonF points = outline.points;
+            if (outline.closed && !points.isEmpty())
+                points.append(points.front());
+            bool joined = false;
+            for (qsizetype i = 1; i < points.size(); ++i) {
+                QPointF a = points[i - 1];
+                QPointF b = points[i];
+                if (!clipSegment(a, b, window)) {
+                    joined = false;
+                    continue;
+                }
+                if (!joined || a != points[i - 1])
+                    qtPath.moveTo(a);
+                qtPath.lineTo(b);
+                joined = b == points[i];
+            }
+        }
+    }
+    for (const QRectF& oval : ovals)
+        qtPath.addEllipse(oval);
+    if (fill)
+        painter_.fillPath(qtPath, toQColor(c));
+    else
+        painter_.strokePath(qtPath, outlinePen(toQColor(c)));
+}
+
+void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
+                           double opacity) {
+    const auto* qtPicture = dynamic_cast<const QtPicture*>(picture);
+    if (qtPicture == nullptr || qtPicture->image().isNull())
+        return;
+    opacity = unitInterval(opacity);
+    if (!(opacity > 0.0) || !finite(source) || !finite(dest))
+        return;
+    if (!(source.width > 0.0f) || !(source.height > 0.0f) || !(dest.width > 0.0f) ||
+        !(dest.height > 0.0f))
+        return;
+    const QImage& image = qtPicture->image();
+    // The picture's own rectangles count from its bottom-left corner too.
+    QRectF from(static_cast<double>(source.x),
+                image.height() - static_cast<double>(source.y) - static_cast<double>(source.height),
+                static_cast<double>(source.width), static_cast<double>(source.height));
+    QRectF to = toQt(dest);
+    if (!reaches(to, 1.0))
+        return;
+    // A picture scaled to millions of points is cut to the window, and its source with it in
+    // proportion, so that Qt scales only what can be seen.
+    const QRectF window(-kWindowMargin, -kWindowMargin,
+                        static_cast<double>(size_.width) + 2.0 * kWindowMargin,
+                        static_cast<double>(size_.height) + 2.0 * kWindowMargin);
+    if (!window.contains(to)) {
+        const QRectF visible = to.intersected(window);
+        const double sx = from.width() / to.width();
+        const double sy = from.height() / to.height();
+        from = QRectF(from.left() + (visible.left() - to.left()) * sx,
+                      from.top() + (visible.top() - to.top()) * sy, visible.width() * sx,
+                      visible.height() * sy);
+        to = visible;
+    }
+    painter_.setOpacity(opacity);
+    painter_.drawImage(to, image, from);
+    painter_.setOpacity(1.0);
+}
+
+Size QtCanvas::measureText(const std::string& text, const TextStyle& style) {
+    const QSizeF box = faces_.face(style.family, style.size).boxOf(linesOf(text));
+    return {static_cast<float>(box.width()), static_cast<float>(box.height())};
+}
+
+void QtCanvas::drawText(const std::string& text, Point at, const TextStyle& style) {
+    if (!std::isfinite(at.x) || !std::isfinite(at.y))
+        return;
+    const Face& face = faces_.face(style.family, style.size);
+    const QStringList lines = linesOf(text);
+    const QSizeF box = face.boxOf(lines);
+    // The point is the bottom-left corner of the box; the painter wants its top.
+    const double left = static_cast<double>(at.x);
+    const double top = static_cast<double>(size_.height) - static_cast<double>(at.y) - box.height();
+    if (!reaches(QRectF(left, top, box.width(), box.height()), kTextReach))
+        return;
+    if (style.background && style.background->a > 0.0)
+        painter_.fillRect(QRectF(left, top, box.width(), box.height()),
+                          toQColor(*style.background));
+    drawLines(lines, left, top, face, style);
+}
+
+void QtCanvas::drawTextInRect(const std::string& text, const Rect& r, const TextStyle& style) {
+    if (!finite(r))
+        return;
+    const QRectF area = toQt(r);
+    if (!reaches(area, kTextReach))
+        return;
+    const Face& face = faces_.face(style.family, style.size);
+    QStringList lines = linesOf(text);
+    // Lines run down from the top of the rectangle; those that would end below it are left out.
+    // Half a point of grace lets a rectangle measured for the text, then narrowed to single
+    // precision, hold all of it.
+    qsizetype fitting = 0;
+    while (fitting < lines.size() &&
+           static_cast<double>(fitting) * face.lineSpacing + face.lineHeight <= area.height() + 0.5)
+        ++fitting;
+    lines = lines.mid(0, fitting);
+    if (lines.isEmpty())
+        return;
+    const QSizeF box = face.boxOf(lines);
+    if (style.background && style.background->a > 0.0)
+        painter_.fillRect(QRectF(area.left(), area.top(), box.width(), box.height()),
+                          toQColor(*style.background));
+    drawLines(lines, area.left(), area.top(), face, style);
+}
+
+void QtCanvas::drawLines(const QStringList& lines, double left, double top, const Face& face,
+                         const TextStyle& style) {
+    if (!(style.color.a > 0.0))
+        return;
+    painter_.setFont(face.font);
+    painter_.setPen(toQColor(style.color));
+    double baseline = top + face.ascent;
+    for (const QString& line : lines) {
+        if (!line.isEmpty())
+            painter_.drawText(QPointF(left, baseline), line);
+        baseline += face.lineSpacing;
+    }
+}
+
+} // namespace apsis

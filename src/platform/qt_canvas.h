@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/qt_fonts.h"
+#include "presentation/canvas.h"
+
+#include <QPainter>
+#include <QRectF>
+
+namespace apsis {
+
+// The game's drawing primitives over a QPainter. The game draws y upwards from the bottom-left
+// corner; Qt draws y downwards from the top-left, so this is the one place that turns the view
+// upside down. One point of the game is one unit of the painter.
+//
+// Geometry that is not finite is skipped, and geometry that lies wholly outside the surface is
+// not handed to Qt at all: at deep zoom the planets' markers stand a million million points away,
+// where Qt's fixed-point text layout overflows and its rasterizer crawls.
+class QtCanvas final : public Canvas {
+  public:
+    // Draws with painter over a surface of the given size, points.
+    QtCanvas(QPainter& painter, Size size);
+    // The surface is the painter's whole device.
+    explicit QtCanvas(QPainter& painter);
+
+    Size size() const override { return size_; }
+    void fillRect(const Rect& r, const Color& c) override;
+    void strokePath(const Path& path, const Color& c) override;
+    void fillPath(const Path& path, const Color& c) override;
+    void drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
+                     double opacity) override;
+    Size measureText(const std::string& text, const TextStyle& style) override;
+    void drawText(const std::string& text, Point at, const TextStyle& style) override;
+    void drawTextInRect(const std::string& text, const Rect& r, const TextStyle& style) override;
+
+  private:
+    // A view rectangle (y upwards) as a painter rectangle (y downwards).
+    QRectF toQt(const Rect& r) const;
+    // Whether a painter rectangle reaches into the surface widened by margin on every side.
+    bool reaches(const QRectF& r, double margin) const;
+    void drawPath(const Path& path, const Color& c, bool fill);
+    // Draws the lines of a text with the top of the first line's box at top (painter units).
+    void drawLines(const QStringList& lines, double left, double top, const Face& face,
+                   const TextStyle& style);
+
+    QPainter& painter_;
+    Size size_;
+    FaceCache faces_;
+};
+
+} // namespace apsis

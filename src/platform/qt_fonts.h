@@ -1,0 +1,55 @@
+#pragma once
+
+#include "presentation/canvas.h"
+
+#include <deque>
+#include <string>
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QStringList>
+
+class QPaintDevice;
+
+namespace apsis {
+
+// A font of the game at one size, with the measures that lay out its texts. A text's box is its
+// widest line across and, from the top of the first line to the bottom of the last, its lines
+// stacked lineSpacing apart, each lineHeight tall.
+struct Face {
+    QFont font;
+    QFontMetricsF metrics;
+    double ascent = 0.0;      // top of a line's box to its baseline, points
+    double lineHeight = 0.0;  // one line's box, points
+    double lineSpacing = 0.0; // top of one line to the top of the next, points
+
+    Face(const QFont& font, const QPaintDevice* device);
+    // The box of a text split into lines; an empty text has no box at all.
+    QSizeF boxOf(const QStringList& lines) const;
+};
+
+// The face a family of the game is drawn in, size in points. One point is one unit of the
+// painter, whatever the device's dots per inch.
+QFont fontFor(FontFamily family, float size);
+
+// The lines of a game text: UTF-8, broken at line feeds. A final line feed ends in an empty line,
+// as it does on the page.
+QStringList linesOf(const std::string& text);
+
+// The faces built during one redraw: a frame draws some twenty texts in half a dozen styles.
+class FaceCache {
+  public:
+    explicit FaceCache(const QPaintDevice* device) : device_(device) {}
+    const Face& face(FontFamily family, float size);
+
+  private:
+    struct Entry {
+        FontFamily family;
+        float size;
+        Face face;
+    };
+    const QPaintDevice* device_;
+    std::deque<Entry> entries_; // a deque: faces handed out stay where they are
+};
+
+} // namespace apsis
