@@ -51,6 +51,10 @@ struct Controller {
     void startLevel(int n);
     // One tick.
     void doFrame();
+    // The tick's flight steps: zoom, time and throttle keys held down, then the body the camera
+    // follows.
+    void applyHeldKeys();
+    void followNearestBody();
     void keyDown(unsigned short key);
     void keyUp(unsigned short key);
     // Draws what the present mode shows on the current canvas.
