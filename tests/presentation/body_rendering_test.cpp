@@ -95,20 +95,12 @@ TEST(BodyRendering, SymbolsLabelsAndArrows) {
     const std::vector<Point> flame = {
         polar(c, 10, a),       polar(c, 4, a + 3 * kPi / 4),   polar(c, 4, a + 11 * kPi / 12),
         polar(c, 10, a + kPi), polar(c, 4, a - 11 * kPi / 12), polar(c, 4, a - 3 * kPi / 4)};
+    // The plus sign's outline, as offsets from the centre.
+    constexpr float kCross[24] = {-4, 1,  -1, 1,  -1, 4,  1,  4,  1,  1,  4,  1,
+                                  4,  -1, 1,  -1, 1,  -4, -1, -4, -1, -1, -4, -1};
     std::vector<Point> cross;
-    for (const auto& [dx, dy] : std::vector<std::pair<float, float>>{{-4, 1},
-                                                                     {-1, 1},
-                                                                     {-1, 4},
-                                                                     {1, 4},
-                                                                     {1, 1},
-                                                                     {4, 1},
-                                                                     {4, -1},
-                                                                     {1, -1},
-                                                                     {1, -4},
-                                                                     {-1, -4},
-                                                                     {-1, -1},
-                                                                     {-4, -1}})
-        cross.push_back({c.x + dx, c.y + dy});
+    for (std::size_t i = 0; i < 24; i += 2)
+        cross.push_back({c.x + kCross[i], c.y + kCross[i + 1]});
     const Case cases[] = {
         {0, true, {482.5f, 342.5f}, {}}, {1, true, {482.5f, 325.5f}, {}},
         {2, false, {}, cross},           {3, false, {}, dart},
@@ -124,15 +116,13 @@ TEST(BodyRendering, SymbolsLabelsAndArrows) {
         ASSERT_GE(drawn.size(), 2u);
         ASSERT_EQ(drawn[0]->op, Op::StrokePath);
         EXPECT_EQ(drawn[0]->color, colors::darkGray);
-        const std::vector<Path::Element> arrow = {
-            {Path::Kind::MoveTo, {polar(c, 10, theta).x, polar(c, 10, theta).y, 0, 0}},
-            {Path::Kind::LineTo, {polar(c, 25, theta).x, polar(c, 25, theta).y, 0, 0}},
-            {Path::Kind::LineTo,
-             {polar(c, 20, theta - 0.15).x, polar(c, 20, theta - 0.15).y, 0, 0}},
-            {Path::Kind::LineTo, {polar(c, 25, theta).x, polar(c, 25, theta).y, 0, 0}},
-            {Path::Kind::LineTo,
-             {polar(c, 20, theta + 0.15).x, polar(c, 20, theta + 0.15).y, 0, 0}},
-        };
+        std::vector<Path::Element> arrow;
+        for (const auto& [r, turn] :
+             {std::pair{10.0, 0.0}, {25.0, 0.0}, {20.0, -0.15}, {25.0, 0.0}, {20.0, 0.15}}) {
+            const Point p = polar(c, r, theta + turn);
+            arrow.push_back(
+                {arrow.empty() ? Path::Kind::MoveTo : Path::Kind::LineTo, {p.x, p.y, 0, 0}});
+        }
         EXPECT_EQ(drawn[0]->path.elements, arrow) << k.style;
 
         // Then the blue name, for dots only.

@@ -49,14 +49,6 @@ TEST(FrameComposition, DrawsOneScreenPerModeWithItsArguments) {
          [](const RecordingCanvas&, const FakeResources& files) {
              EXPECT_EQ(files.requests, (std::vector<std::string>{"menu.jpg", "menuPractice.jpg"}));
          }},
-        {"about", [](Controller& c) { c.mode = MODE_ABOUT; },
-         [](const RecordingCanvas&, const FakeResources& files) {
-             EXPECT_EQ(files.requests, (std::vector<std::string>{"about.jpg"}));
-         }},
-        {"instructions", [](Controller& c) { c.mode = MODE_INSTRUCTIONS; },
-         [](const RecordingCanvas&, const FakeResources& files) {
-             EXPECT_EQ(files.requests, (std::vector<std::string>{"instructions.jpg"}));
-         }},
         {"briefing",
          [](Controller& c) {
              c.mode = MODE_LEVEL;
@@ -105,14 +97,6 @@ TEST(FrameComposition, DrawsOneScreenPerModeWithItsArguments) {
              EXPECT_EQ(canvas.findText("Partial Objective Accomplished"), nullptr);
              EXPECT_EQ(canvas.findTextStartingWith("Maintain orbit"), nullptr);
          }},
-        {"restart fade",
-         [](Controller& c) {
-             c.mode = MODE_RESTART_FADE;
-             c.counter = 8;
-         },
-         [](const RecordingCanvas& canvas, const FakeResources&) {
-             EXPECT_EQ(veil(canvas), (Color{1.0, 1.0, 1.0, 0.0}));
-         }},
         {"collision fade",
          [](Controller& c) {
              c.mode = MODE_COLLISION_FADE;
@@ -124,14 +108,6 @@ TEST(FrameComposition, DrawsOneScreenPerModeWithItsArguments) {
         {"collision", [](Controller& c) { c.mode = MODE_COLLISION; },
          [](const RecordingCanvas& canvas, const FakeResources&) {
              EXPECT_EQ(canvas.texts(), (std::vector<std::string>{"Collision at 0.00m/s"}));
-         }},
-        {"level complete, first frame",
-         [](Controller& c) {
-             c.mode = MODE_LEVEL_COMPLETE;
-             c.counter = 200;
-         },
-         [](const RecordingCanvas& canvas, const FakeResources&) {
-             EXPECT_EQ(veil(canvas), (Color{0.0, 0.0, 0.0, 0.0}));
          }},
         {"level complete, last frame",
          [](Controller& c) {
