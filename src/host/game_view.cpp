@@ -1,0 +1,78 @@
+#include "host/game_view.h"
+
+#include "control/controller.h"
+#include "platform/qt_canvas.h"
+#include "presentation/canvas.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace apsis {
+
+GameView::GameView(QWidget* parent)
+    : QWidget(parent), ctrl_(std::make_unique<Controller>()),
+      keys_([this](unsigned short key) { ctrl_->keyDown(key); },
+            [this](unsigned short key) { ctrl_->keyUp(key); }),
+      frameClock_(0) {
+    setFocusPolicy(Qt::StrongFocus);
+    // Every paint covers the whole view with black first, so Qt need not clear it.
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_NoSystemBackground);
+    setMinimumSize(640, 480);
+
+    clock_.start();
+    frameClock_ = FrameClock(clock_.nsecsElapsed());
+    timer_.setTimerType(Qt::PreciseTimer);
+    timer_.setSingleShot(true);
+    connect(&timer_, &QTimer::timeout, this, &GameView::doFrame);
+    timer_.start(frameClock_.firstWait());
+}
+
+GameView::~GameView() = default;
+
+void GameView::doFrame() {
+    ++ticks_;
+    ctrl_->doFrame();
+    if (ctrl_->needsRedraw) {
+        update();
+        ctrl_->needsRedraw = false;
+    }
+    timer_.start(frameClock_.tick(clock_.nsecsElapsed()));
+}
+
+void GameView::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::black);
+    QtCanvas canvas(painter, Size{static_cast<float>(width()), static_cast<float>(height())});
+    CanvasFocus focus(canvas);
+    ctrl_->drawRect();
+}
+
+void GameView::keyPressEvent(QKeyEvent* event) {
+    if (!keys_.press(*event))
+        QWidget::keyPressEvent(event);
+}
+
+void GameView::keyReleaseEvent(QKeyEvent* event) {
+    if (!keys_.release(*event))
+        QWidget::keyReleaseEvent(event);
+}
+
+void GameView::focusOutEvent(QFocusEvent* event) {
+    keys_.releaseAll();
+    QWidget::focusOutEvent(event);
+}
+
+void GameView::changeEvent(QEvent* event) {
+    // A window deactivated without a focus change (another application took the keyboard) must
+    // not leave keys held either.
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow())
+        keys_.releaseAll();
+    QWidget::changeEvent(event);
+}
+
+bool GameView::focusNextPrevChild(bool) {
+    return false;
+}
+
+} // namespace apsis

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "host/frame_clock.h"
+#include "host/key_relay.h"
+
+#include <memory>
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <QWidget>
+
+namespace apsis {
+
+struct Controller;
+
+// The game's drawing area, filling the main window: it owns the one Controller, ticks it 30 times
+// a second, passes the keyboard on and draws whatever the Controller draws.
+class GameView : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit GameView(QWidget* parent = nullptr);
+    ~GameView() override;
+
+    Controller& controller() { return *ctrl_; }
+    // Ticks so far; the host's own count, for tests and measurements.
+    long long ticks() const { return ticks_; }
+
+  public slots:
+    // One frame tick: the Controller steps, and the view is marked for redrawing if it asks.
+    void doFrame();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    // Tab belongs to the game, not to Qt's focus chain.
+    bool focusNextPrevChild(bool next) override;
+
+  private:
+    std::unique_ptr<Controller> ctrl_;
+    KeyRelay keys_;
+    QElapsedTimer clock_;
+    FrameClock frameClock_;
+    QTimer timer_;
+    long long ticks_ = 0;
+};
+
+} // namespace apsis

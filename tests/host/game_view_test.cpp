@@ -1,0 +1,121 @@
+#include "control/controller.h"
+#include "control/keys.h"
+#include "host/game_view.h"
+#include "host/main_window.h"
+#include "physics/numeric.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QImage>
+#include <QKeyEvent>
+#include <QTest>
+
+namespace apsis {
+namespace {
+
+// A view in flight in the practice level, world stopped, as after the briefing.
+class GameViewTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        randSeedSet = true;
+        std::srand(3);
+        view.resize(800, 600);
+        view.controller().startLevel(0);
+        view.controller().setMode(MODE_PLAY);
+    }
+    Controller& game() { return view.controller(); }
+    void send(QEvent::Type type, int key, const QString& text, bool autoRepeat,
+              Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        // Each key its own scan code, as on a keyboard.
+        QKeyEvent event(type, key, modifiers, static_cast<quint32>(key & 0xffff), 0, 0, text,
+                        autoRepeat);
+        QApplication::sendEvent(&view, &event);
+    }
+    GameView view;
+};
+
+TEST_F(GameViewTest, HoldingUpBurnsUntilTheRealReleaseWhateverRepeatsCome) {
+    send(QEvent::KeyPress, Qt::Key_Up, "", false);
+    EXPECT_TRUE(game().game.player.isAccelerating);
+    for (int i = 0; i < 5; ++i) {
+        send(QEvent::KeyRelease, Qt::Key_Up, "", true);
+        send(QEvent::KeyPress, Qt::Key_Up, "", true);
+        EXPECT_TRUE(game().game.player.isAccelerating) << "cut by repeat " << i;
+    }
+    send(QEvent::KeyRelease, Qt::Key_Up, "", false);
+    EXPECT_FALSE(game().game.player.isAccelerating);
+}
+
+TEST_F(GameViewTest, TabRestartsTheLevelInsteadOfMovingTheFocus) {
+    QTest::keyClick(&view, Qt::Key_Tab);
+    EXPECT_EQ(game().mode, MODE_RESTART_FADE);
+}
+
+TEST_F(GameViewTest, ShiftAndCtrlLettersAreNotCommands) {
+    // As X11 types them: Shift+W is "W", Ctrl+Q is the control character 17.
+    send(QEvent::KeyPress, Qt::Key_W, "W", false, Qt::ShiftModifier);
+    EXPECT_FALSE(game().isZoomingIn);
+    send(QEvent::KeyPress, Qt::Key_Q, "\x11", false, Qt::ControlModifier);
+    EXPECT_FALSE(game().isZoomingOut);
+    send(QEvent::KeyPress, Qt::Key_W, "w", false);
+    EXPECT_TRUE(game().isZoomingIn);
+}
+
+TEST_F(GameViewTest, LosingTheFocusReleasesEveryHeldKey) {
+    send(QEvent::KeyPress, Qt::Key_Up, "", false);
+    send(QEvent::KeyPress, Qt::Key_X, "x", false);
+    ASSERT_TRUE(game().game.player.isAccelerating);
+    ASSERT_TRUE(game().isThrottlingUp);
+    QFocusEvent focusOut(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    QApplication::sendEvent(&view, &focusOut);
+    EXPECT_FALSE(game().game.player.isAccelerating);
+    EXPECT_FALSE(game().isThrottlingUp);
+}
+
+TEST_F(GameViewTest, TicksStepTheGameAndPaintingDrawsIt) {
+    GameView fresh;
+    fresh.resize(640, 480);
+    for (int tick = 0; tick < 10; ++tick)
+        fresh.doFrame();
+    EXPECT_EQ(fresh.controller().mode, MODE_MENU);
+    EXPECT_FALSE(fresh.controller().needsRedraw); // the view took the request
+
+    // In flight the display's green text and gauges are painted over black.
+    const QImage frame = view.grab().toImage();
+    ASSERT_EQ(frame.size(), QSize(800, 600));
+    EXPECT_EQ(frame.pixelColor(400, 300), QColor(Qt::black));
+    int green = 0;
+    for (int y = 0; y < frame.height(); ++y)
+        for (int x = 0; x < frame.width(); ++x)
+            green += frame.pixelColor(x, y) == QColor(0, 255, 0) ? 1 : 0;
+    EXPECT_GT(green, 1000); // the full throttle and fuel gauges alone are over 2,500 points
+}
+
+TEST(MainWindowTest, ATitledResizableWindowWithFullScreenAndQuit) {
+    MainWindow window;
+    EXPECT_EQ(window.windowTitle(), "Apsis");
+    EXPECT_GE(window.width(), 640);
+    EXPECT_EQ(window.view().minimumSize(), QSize(640, 480));
+
+    QAction* fullScreen = nullptr;
+    QAction* quit = nullptr;
+    for (QAction* action : window.actions()) {
+        if (action->shortcut() == QKeySequence(Qt::Key_F11))
+            fullScreen = action;
+        if (action->shortcut() == QKeySequence(Qt::CTRL | Qt::Key_Q))
+            quit = action;
+    }
+    ASSERT_NE(fullScreen, nullptr);
+    ASSERT_NE(quit, nullptr);
+    window.show();
+    fullScreen->trigger();
+    EXPECT_TRUE(window.windowState() & Qt::WindowFullScreen);
+    fullScreen->trigger();
+    EXPECT_FALSE(window.windowState() & Qt::WindowFullScreen);
+}
+
+} // namespace
+} // namespace apsis
