@@ -72,9 +72,9 @@ void fillGauge(Canvas& canvas, double x, double y, double width, double height, 
                double fillHeight) {
     canvas.fillRect(toRect(x, y, width, height), colors::blue);
     canvas.fillRect(toRect(x + 1, y + 1, width - 2, height - 2), colors::black);
-    // A tank overdrawn by the last burn shows empty rather than a bar hanging below the trough.
-    if (fillWidth > 0.0 && fillHeight > 0.0)
-        canvas.fillRect(toRect(x + 1, y + 1, fillWidth, fillHeight), colors::green);
+    // A tank overdrawn by the last burn shows a sliver hanging below the trough for a moment,
+    // beside the out-of-fuel banner, until the engine's next sub-step clears the remainder.
+    canvas.fillRect(toRect(x + 1, y + 1, fillWidth, fillHeight), colors::green);
 }
 
 } // namespace

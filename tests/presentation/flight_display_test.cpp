@@ -96,14 +96,14 @@ TEST(FlightDisplay, GaugesFillInProportion) {
     struct Case {
         double throttle;
         double fuel;
-        float throttleFill; // points, 0 for none
-        float fuelFill;
+        float throttleFill; // points
+        float fuelFill;     // points; below zero for an overdrawn tank
     };
     const Case cases[] = {
         {1.0, 4320.0, 148.0f, 462.0f},
         {0.5, 2160.0, 74.0f, 231.0f},
         {0.001, 0.0, 0.148f, 0.0f},
-        {0.25, -3.0, 37.0f, 0.0f}, // overdrawn by the last burn: shown empty
+        {0.25, -3.0, 37.0f, static_cast<float>(462.0 * -3.0 / 4320.0)}, // overdrawn
     };
     for (const Case& c : cases) {
         FlightScene s;
@@ -114,10 +114,9 @@ TEST(FlightDisplay, GaugesFillInProportion) {
                   (std::vector<Rect>{{640, 530, 150, 8}, {780, 30, 8, 464}}));
         EXPECT_EQ(s.canvas.filledRects(colors::black),
                   (std::vector<Rect>{{641, 531, 148, 6}, {781, 31, 6, 462}}));
-        std::vector<Rect> green = {{641, 531, c.throttleFill, 6}};
-        if (c.fuelFill > 0.0f)
-            green.push_back({781, 31, 6, c.fuelFill});
-        EXPECT_EQ(s.canvas.filledRects(colors::green), green) << c.throttle << " " << c.fuel;
+        EXPECT_EQ(s.canvas.filledRects(colors::green),
+                  (std::vector<Rect>{{641, 531, c.throttleFill, 6}, {781, 31, 6, c.fuelFill}}))
+            << c.throttle << " " << c.fuel;
     }
 }
 
