@@ -1,0 +1,83 @@
+// Draws every picture of the game into the folder named on the command line: the ten sprite
+// sheets and the eight screens. The same program always writes the same bytes.
+
+#include "bodies.h"
+#include "craft.h"
+#include "gif_writer.h"
+#include "screens.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
+#include <QGuiApplication>
+
+namespace {
+
+using namespace apsis::artgen;
+
+// A sprite sheet: its file, frames along each side, the size of one frame, and how the body is
+// drawn. Bodies are drawn at twice the frame size and craft, with their fine lines, at three
+// times, before being turned and shrunk into the frames.
+struct Sheet {
+    const char* file;
+    int spritesWide;
+    int frameSize;
+    int detail;
+    Raster (*draw)(int size);
+};
+
+// Frame sizes are multiples of 16, so that frames line up with JPEG's blocks and a frame's colours
+// never bleed into its neighbour's.
+constexpr Sheet kSheets[] = {
+    {"sun.jpg", 6, 256, 2, drawSun},           {"venus.jpg", 8, 208, 2, drawVenus},
+    {"earth.jpg", 8, 208, 2, drawEarth},       {"moon.jpg", 8, 208, 2, drawMoon},
+    {"mars.jpg", 8, 208, 2, drawMars},         {"jupiter.jpg", 8, 208, 2, drawJupiter},
+    {"asteroid.jpg", 8, 128, 2, drawAsteroid}, {"satellite.gif", 1, 320, 3, drawSatellite},
+    {"station.gif", 1, 512, 3, drawStation},   {"ship.gif", 8, 128, 3, drawShip},
+};
+
+bool isGif(const std::string& file) {
+    return file.ends_with(".gif");
+}
+
+bool saveJpeg(const QImage& image, const std::filesystem::path& path) {
+    return image.save(QString::fromStdString(path.string()), "JPG", 92);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: %s <resource folder>\n", argv[0]);
+        return 2;
+    }
+    // Text is drawn without a display.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    const std::filesystem::path folder = argv[1];
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+
+    bool ok = true;
+    auto report = [&ok](bool written, const std::filesystem::path& path) {
+        if (!written) {
+            std::fprintf(stderr, "artgen: cannot write %s\n", path.c_str());
+            ok = false;
+        }
+    };
+    for (const Sheet& sheet : kSheets) {
+        const Raster body = sheet.draw(sheet.frameSize * sheet.detail);
+        const Raster frames = makeSheet(body, sheet.spritesWide, sheet.frameSize);
+        const auto path = folder / sheet.file;
+        report(isGif(sheet.file) ? writeGif(frames, path.string())
+                                 : saveJpeg(toImage(frames, true), path),
+               path);
+    }
+    for (const Screen& screen : drawScreens()) {
+        const auto path = folder / (screen.name + ".jpg");
+        report(saveJpeg(screen.image, path), path);
+    }
+    return ok ? 0 : 1;
+}

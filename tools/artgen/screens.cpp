@@ -1,0 +1,123 @@
+#include "screens.h"
+
+#include "backdrop.h"
+#include "bodies.h"
+
+#include <array>
+
+#include <QLinearGradient>
+#include <QPainterPath>
+
+namespace apsis::artgen {
+
+namespace {
+
+constexpr std::array<const char*, 4> kEntries = {"About", "Instructions", "Practice", "New Game"};
+constexpr std::array<const char*, 4> kBandNames = {"menuAbout", "menuInstructions", "menuPractice",
+                                                   "menuNew"};
+
+// Menu band k (1 to 4, from the top) spans the middle three fifths of the width and the (k + 1)-th
+// eighth of the height: the game lays the highlighted entry exactly there.
+QRect band(int k) {
+    const int w = kScreenWidth;
+    const int h = kScreenHeight;
+    return {w / 5, (k + 1) * h / 8, 3 * w / 5, h / 8};
+}
+
+QFont entryFont() {
+    return displayFont(46);
+}
+
+// Earth rising in the lower right corner, turned to show its lands rather than its pole, with
+// the Moon.
+void drawPlanets(QPainter& painter) {
+    constexpr int kEarth = 720;
+    const QImage earth = toImage(drawEarth(kEarth), false);
+    painter.save();
+    painter.translate(1180, 930);
+    painter.rotate(40);
+    painter.drawImage(QPointF(-kEarth / 2.0, -kEarth / 2.0), earth);
+    painter.restore();
+    constexpr int kMoon = 64;
+    const QImage moon = toImage(drawMoon(kMoon), false);
+    painter.drawImage(QPointF(1010 - kMoon / 2.0, 470 - kMoon / 2.0), moon);
+}
+
+QImage drawSplash() {
+    QImage image = drawSky();
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawPlanets(painter);
+    drawTitle(painter, QPointF(560, 300), 120);
+    drawCentred(painter, "A GAME OF ORBITAL FLIGHT", QPointF(560, 440), displayFont(26),
+                QColor::fromRgbF(0.7f, 0.8f, 0.95f));
+    return image;
+}
+
+// The menu: the name at the top, the four entries each centred in its band, and a hint below.
+QImage drawMenu() {
+    QImage image = drawSky();
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawTitle(painter, QPointF(kScreenWidth / 2.0, 104), 78);
+    for (int k = 1; k <= 4; ++k) {
+        drawCentred(painter, kEntries[static_cast<std::size_t>(k - 1)], band(k).toRectF().center(),
+                    entryFont(), QColor::fromRgbF(0.55f, 0.65f, 0.82f));
+    }
+    drawCentred(painter, "Arrow keys choose, any other key opens", QPointF(kScreenWidth / 2.0, 690),
+                textFont(20), QColor::fromRgbF(0.5f, 0.55f, 0.65f));
+    return image;
+}
+
+// Entry k highlighted: the same sky, a lit bar and the entry in bright letters, the size of its
+// band.
+QImage drawBand(const QImage& sky, int k) {
+    const QRect area = band(k);
+    QImage image = sky.copy(area);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF bar = QRectF(image.rect()).adjusted(14, 14, -14, -14);
+    QLinearGradient glow(bar.topLeft(), bar.topRight());
+    glow.setColorAt(0.0, QColor::fromRgbF(0.1f, 0.3f, 0.8f, 0.0f));
+    glow.setColorAt(0.3, QColor::fromRgbF(0.1f, 0.3f, 0.8f, 0.45f));
+    glow.setColorAt(0.7, QColor::fromRgbF(0.1f, 0.3f, 0.8f, 0.45f));
+    glow.setColorAt(1.0, QColor::fromRgbF(0.1f, 0.3f, 0.8f, 0.0f));
+    QPainterPath shape;
+    shape.addRoundedRect(bar, 18, 18);
+    painter.fillPath(shape, glow);
+    QLinearGradient edge(bar.topLeft(), bar.topRight());
+    edge.setColorAt(0.0, QColor::fromRgbF(0.5f, 0.8f, 1.0f, 0.0f));
+    edge.setColorAt(0.5, QColor::fromRgbF(0.6f, 0.85f, 1.0f, 0.95f));
+    edge.setColorAt(1.0, QColor::fromRgbF(0.5f, 0.8f, 1.0f, 0.0f));
+    painter.strokePath(shape, QPen(QBrush(edge), 2.0));
+    const QPointF centre = QRectF(image.rect()).center();
+    // Markers either side of the entry.
+    for (double side : {-1.0, 1.0}) {
+        const double x = centre.x() + side * 250;
+        QPainterPath marker;
+        marker.moveTo(x + side * 8, centre.y() - 12);
+        marker.lineTo(x - side * 8, centre.y());
+        marker.lineTo(x + side * 8, centre.y() + 12);
+        marker.closeSubpath();
+        painter.fillPath(marker, QColor::fromRgbF(0.75f, 0.9f, 1.0f));
+    }
+    drawCentred(painter, kEntries[static_cast<std::size_t>(k - 1)], centre, entryFont(),
+                QColor::fromRgbF(1.0f, 1.0f, 1.0f));
+    return image;
+}
+
+} // namespace
+
+std::vector<Screen> drawScreens() {
+    std::vector<Screen> screens;
+    screens.push_back({"splash", drawSplash()});
+    screens.push_back({"menu", drawMenu()});
+    const QImage sky = drawSky();
+    for (int k = 1; k <= 4; ++k)
+        screens.push_back({kBandNames[static_cast<std::size_t>(k - 1)], drawBand(sky, k)});
+    screens.push_back({"about", drawAbout()});
+    screens.push_back({"instructions", drawInstructions()});
+    return screens;
+}
+
+} // namespace apsis::artgen
