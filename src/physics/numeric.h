@@ -8,12 +8,14 @@ inline constexpr double kHalfPi = 1.5707963267948966;
 
 // mantissa * 10^exponent, by repeated multiplication or division by 10.0, each step rounded on its
 // own. Every physical constant of the game is written this way, and its last bit depends on it:
-// E(6.67, -11) is 6.670000000000001e-11, one unit in the last place above the literal.
+// E(6.67, -11) is 6.670000000000001e-11, one unit in the last place above the literal. Once the
+// value is 0, infinite or NaN, further steps would not change it, so a wild exponent ends early.
 constexpr double E(double mantissa, int exponent) {
     double value = mantissa;
-    for (int i = 0; i < exponent; ++i)
+    const auto settled = [](double v) { return v == 0.0 || !(v - v == 0.0); };
+    for (int i = 0; i < exponent && !settled(value); ++i)
         value *= 10.0;
-    for (int i = 0; i > exponent; --i)
+    for (int i = 0; i > exponent && !settled(value); --i)
         value /= 10.0;
     return value;
 }
@@ -22,9 +24,12 @@ constexpr double E(double mantissa, int exponent) {
 // division round the same way there as at run time.
 inline constexpr double G = E(6.67, -11);
 
-// The angle brought into [0, 2*pi] by repeated subtraction or addition of 2*pi, so that it rounds
-// like the game always has; both ends of the interval are kept as they are. An angle that is not
-// finite comes back as 0, and one very far out is first reduced by a remainder, so no input hangs.
+// The angle brought into [0, 2*pi] by repeated subtraction or addition of 2*pi, each step rounded
+// on its own, so both ends of the interval are kept as they are and 4*pi comes back as 2*pi. The
+// result is that of the step-by-step loop for every finite angle, however far out, without taking
+// its time. Two kinds of input on which that loop would never end are answered at once instead:
+// an angle that is not finite comes back as 0, and one beyond 2^56 rad (where a step of 2*pi is
+// lost in rounding) is reduced by a floating-point remainder.
 double balance(double angle);
 
 // Set once the C library's generator has been seeded from the clock. A test that wants a
