@@ -45,7 +45,8 @@ float Image::getHeight() {
 }
 
 Rect Image::getRect(int frame) {
-    const int n = spritesWide;
+    // A sheet said to have no frames along its side is taken as one whole frame.
+    const int n = spritesWide < 1 ? 1 : spritesWide;
     const int column = frame % n;
     const int row = frame / n;
     const float w = getWidth() / static_cast<float>(n);

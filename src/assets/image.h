@@ -30,7 +30,9 @@ struct Image {
     const Picture* getImage(); // nullptr when the picture is missing
     float getWidth();          // of the whole sheet, points; 0 when missing
     float getHeight();         // of the whole sheet, points; 0 when missing
-    Rect getRect(int frame);   // where frame lies in the sheet, y upwards
+    // Where frame lies in the sheet, y upwards. A frame number outside 0 to n*n - 1 lies outside
+    // the sheet; a spritesWide below 1 counts as 1.
+    Rect getRect(int frame);
 };
 
 } // namespace apsis

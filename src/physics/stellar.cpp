@@ -29,11 +29,12 @@ void Stellar::move(double dt) {
 }
 
 int frameForAngle(double angle, int spritesWide) {
-    const double fromUp = balance(kHalfPi - angle); // clockwise from facing up
-    const int frames = spritesWide * spritesWide;
+    const int n = spritesWide < 1 ? 1 : spritesWide; // as the sheet itself counts its frames
+    const double fromUp = balance(kHalfPi - angle);  // clockwise from facing up, 0 to 2*pi
     // b / (2*pi) * n * n, left to right, truncated once.
-    const auto frame = static_cast<int>(fromUp / kTwoPi * spritesWide * spritesWide);
-    return frame >= frames ? 0 : frame;
+    const auto frame = static_cast<int>(fromUp / kTwoPi * n * n);
+    // A full turn that rounds to exactly 2*pi is facing up again.
+    return frame >= n * n ? 0 : frame;
 }
 
 Rect Stellar::getImageRect() {
