@@ -143,7 +143,7 @@ QImage drawInstructions() {
     drawSection(painter, 580, "ON THE MENUS");
     y = 626;
     drawRow(painter, y, {{"", Arrow::Up}, {"", Arrow::Down}, {"", Arrow::Left}, {"", Arrow::Right}},
-            "Move the choice (level and difficulty on New Game)");
+            "Move the choice, or the level and difficulty");
     drawRow(painter, y += step, {{"any other key"}}, "Choose");
     drawFooter(painter);
     return image;
