@@ -2,6 +2,7 @@
 
 #include "platform/qt_clip.h"
 #include "platform/qt_resources.h"
+#include "platform/qt_scaled_pictures.h"
 
 #include <algorithm>
 #include <cmath>
@@ -68,6 +69,7 @@ QtCanvas::QtCanvas(QPainter& painter, Size size)
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.setRenderHint(QPainter::TextAntialiasing);
     painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+    scaledPictures().beginRedraw();
 }
 
 QtCanvas::QtCanvas(QPainter& painter)
@@ -226,8 +228,33 @@ void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rec
         to = visible;
     }
     painter_.setOpacity(opacity);
-    painter_.drawImage(to, image, from);
+    if (!drawScaledBefore(image, from, to))
+        painter_.drawImage(to, image, from);
     painter_.setOpacity(1.0);
+}
+
+bool QtCanvas::drawScaledBefore(const QImage& image, const QRectF& from, const QRectF& to) {
+    // Only whole pixels of the picture, and only onto a painter that does nothing but scale to
+    // the device's pixels, as a window's or an image's does.
+    const QRect source = from.toRect();
+    if (QRectF(source) != from || !image.rect().contains(source) ||
+        !painter_.worldTransform().isIdentity())
+        return false;
+    const QTransform device = painter_.deviceTransform();
+    if (device.type() > QTransform::TxScale || device.m11() != device.m22())
+        return false;
+    // The destination in device pixels, its edges on the nearest pixel boundaries: never more
+    // than half a pixel from where the filtered drawing puts them.
+    const QRectF pixels = device.mapRect(to);
+    const QPoint topLeft(qRound(pixels.left()), qRound(pixels.top()));
+    const QSize size(qRound(pixels.right()) - topLeft.x(), qRound(pixels.bottom()) - topLeft.y());
+    const QImage scaled = scaledPictures().lookUp(image, source, size);
+    if (scaled.isNull())
+        return false;
+    painter_.setWorldTransform(device.inverted());
+    painter_.drawImage(topLeft, scaled);
+    painter_.setWorldTransform(QTransform());
+    return true;
 }
 
 Size QtCanvas::measureText(const std::string& text, const TextStyle& style) {

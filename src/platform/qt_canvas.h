@@ -38,6 +38,9 @@ class QtCanvas final : public Canvas {
     // Whether a painter rectangle reaches into the surface widened by margin on every side.
     bool reaches(const QRectF& r, double margin) const;
     void drawPath(const Path& path, const Color& c, bool fill);
+    // Draws from (image pixels) into to (painter units) from a copy scaled before, when the
+    // picture has been drawn at this size in the last redraw too; false when it has not.
+    bool drawScaledBefore(const QImage& image, const QRectF& from, const QRectF& to);
     // Draws the lines of a text with the top of the first line's box at top (painter units).
     void drawLines(const QStringList& lines, double left, double top, const Face& face,
                    const TextStyle& style);

@@ -1,7 +1,10 @@
 #include "platform/qt_canvas.h"
 #include "platform/qt_resources.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <gtest/gtest.h>
+#include <vector>
 
 #include <QFontInfo>
 #include <QImage>
@@ -228,6 +231,43 @@ TEST_F(QtCanvasTest, PicturesAreCutFromTheirBottomLeftAndDrawnWithOpacity) {
     EXPECT_EQ(at(20, 80), QColor(Qt::red)); // the wide picture covers the view across
     EXPECT_EQ(at(190, 80), QColor(Qt::red));
     EXPECT_EQ(at(190, 55), QColor(Qt::blue));
+}
+
+TEST_F(QtCanvasTest, APictureKeptScaledBetweenRedrawsLooksAsOneScaledEachTime) {
+    // Two frames side by side: a red-to-blue ramp with translucent stripes, and plain green.
+    QImage sheet(64, 32, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < 32; ++y) {
+        for (int x = 0; x < 32; ++x)
+            sheet.setPixelColor(x, y, QColor(255 - 8 * x, 0, 8 * x, y % 4 == 0 ? 128 : 255));
+        for (int x = 32; x < 64; ++x)
+            sheet.setPixelColor(x, y, Qt::green);
+    }
+    const QtPicture picture(sheet);
+    const Rect first{0, 0, 32, 32}, second{32, 0, 32, 32};
+    const Rect dest{10, 5, 150, 90};
+    std::vector<QImage> redraws;
+    for (const Rect& frame : {first, first, first, second, second}) {
+        image.fill(Qt::black);
+        draw([&](Canvas& canvas) { canvas.drawPicture(&picture, frame, dest, 0.75); });
+        redraws.push_back(image);
+    }
+    // The first redraw scales while drawing; the later ones draw a copy scaled before.
+    for (std::size_t i : {1u, 2u}) {
+        int worst = 0;
+        for (int y = 0; y < kHeight; ++y) {
+            for (int x = 0; x < kWidth; ++x) {
+                const QColor a = redraws[0].pixelColor(x, y), b = redraws[i].pixelColor(x, y);
+                worst = std::max({worst, std::abs(a.red() - b.red()),
+                                  std::abs(a.green() - b.green()), std::abs(a.blue() - b.blue())});
+            }
+        }
+        EXPECT_LE(worst, 2) << "redraw " << i;
+    }
+    // Another frame of the same sheet at the same size is that frame, not the copy of the first.
+    for (std::size_t i : {3u, 4u}) {
+        EXPECT_EQ(redraws[i].pixelColor(80, 50), QColor(0, 191, 0)) << "redraw " << i;
+        EXPECT_EQ(redraws[i].pixelColor(5, 50), QColor(Qt::black));
+    }
 }
 
 TEST_F(QtCanvasTest, AbsurdGeometryDrawsWhatCanBeSeenAndNothingElse) {

@@ -1,0 +1,57 @@
+#include "platform/qt_scaled_pictures.h"
+
+#include <algorithm>
+
+#include <QPainter>
+
+namespace apsis {
+namespace {
+
+// Smaller pictures cost Qt little to scale while drawing; larger ones than a 4K screen are never
+// kept, whatever asks for them.
+constexpr qint64 kSmallestKept = 64 * 64;    // pixels
+constexpr qint64 kLargestKept = 4096 * 4096; // pixels
+
+} // namespace
+
+void ScaledPictures::beginRedraw() {
+    ++redraw_;
+    std::erase_if(entries_, [this](const Entry& e) { return e.lastRedraw < redraw_ - 2; });
+}
+
+QImage ScaledPictures::lookUp(const QImage& image, const QRect& source, QSize size) {
+    const qint64 area = static_cast<qint64>(size.width()) * size.height();
+    if (area < kSmallestKept || area > kLargestKept)
+        return {};
+    const qint64 key = image.cacheKey();
+    const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& e) {
+        return e.image == key && e.source == source && e.size == size;
+    });
+    if (found == entries_.end()) {
+        entries_.push_back({key, source, size, {}, redraw_});
+        return {};
+    }
+    if (found->scaled.isNull() && found->lastRedraw < redraw_) {
+        // Asked for again in a later redraw: the size holds still, so it is worth keeping.
+        // Scaled by the same filtered drawing that would have drawn it on the surface, so the
+        // copy shows what drawing it there shows.
+        QImage scaled(size, image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                    : QImage::Format_RGB32);
+        scaled.fill(Qt::transparent);
+        QPainter painter(&scaled);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.drawImage(QRectF(QPointF(0.0, 0.0), QSizeF(size)), image, QRectF(source));
+        painter.end();
+        found->scaled = std::move(scaled);
+    }
+    found->lastRedraw = redraw_;
+    return found->scaled;
+}
+
+ScaledPictures& scaledPictures() {
+    static ScaledPictures pictures;
+    return pictures;
+}
+
+} // namespace apsis
