@@ -1,0 +1,162 @@
+#include "scenes.h"
+
+#include "control/keys.h"
+#include "physics/numeric.h"
+
+#include <cstdlib>
+
+namespace apsis {
+namespace {
+
+void tick(Controller& c, int ticks) {
+    for (int i = 0; i < ticks; ++i)
+        c.doFrame();
+}
+
+void press(Controller& c, unsigned short key) {
+    c.keyDown(key);
+    c.keyUp(key);
+}
+
+// Sets up a level with the same layout every time.
+void startSeeded(Controller& c, int level, unsigned seed) {
+    randSeedSet = true;
+    std::srand(seed);
+    c.startLevel(level);
+}
+
+// A level in flight: briefing dismissed, world started, a few ticks flown.
+void fly(Controller& c, int level, unsigned seed, int ticks) {
+    startSeeded(c, level, seed);
+    press(c, kKeySpace); // the briefing gives way to the still scene
+    press(c, kKeySpace); // the world starts
+    tick(c, ticks);
+}
+
+// A level in flight with the engine burning over the last ticks, so the flame shows.
+void flyBurning(Controller& c, int level, unsigned seed, int ticks) {
+    fly(c, level, seed, ticks);
+    c.keyDown(kKeyUp);
+    tick(c, 2);
+}
+
+// A level in flight seen across viewScale metres.
+void flyAtScale(Controller& c, int level, unsigned seed, double viewScale) {
+    fly(c, level, seed, 3);
+    c.drawView.viewScale = viewScale;
+    tick(c, 1);
+}
+
+// The level-complete screen at its count: t = (200 - counter) / 20.
+void complete(Controller& c, int level, int counter) {
+    fly(c, level, 7, 5);
+    c.setMode(MODE_LEVEL_COMPLETE);
+    c.counter = counter;
+}
+
+} // namespace
+
+std::vector<Scene> scenes() {
+    std::vector<Scene> all;
+    const auto add = [&all](std::string name, std::function<void(Controller&)> play) {
+        all.push_back({std::move(name), std::move(play)});
+    };
+
+    add("01-intro-start", [](Controller&) {});
+    add("02-intro-half", [](Controller& c) { tick(c, 5); });
+    add("03-intro-end", [](Controller& c) { tick(c, 9); });
+    for (int entry = 1; entry <= 4; ++entry) {
+        add("04-menu-" + std::to_string(entry), [entry](Controller& c) {
+            tick(c, 10);
+            c.menuChoice = entry;
+        });
+    }
+    add("05-about", [](Controller& c) { c.setMode(MODE_ABOUT); });
+    add("06-instructions", [](Controller& c) { c.setMode(MODE_INSTRUCTIONS); });
+    add("07-setup-level1-easy", [](Controller& c) {
+        c.setMode(MODE_CHOICE);
+        c.level = 1;
+        c.game.difficulty = 1;
+    });
+    add("07-setup-level8-hard", [](Controller& c) {
+        c.setMode(MODE_CHOICE);
+        c.level = 8;
+        c.game.difficulty = 3;
+    });
+    add("08-briefing-practice", [](Controller& c) { startSeeded(c, 0, 1); });
+    add("08-briefing-level1", [](Controller& c) { startSeeded(c, 1, 1); });
+    add("08-briefing-level7", [](Controller& c) { startSeeded(c, 7, 1); });
+
+    add("09-paused-level1", [](Controller& c) {
+        startSeeded(c, 1, 2);
+        press(c, kKeySpace);
+        tick(c, 1);
+    });
+    add("10-flight-level1", [](Controller& c) { flyBurning(c, 1, 2, 20); });
+    add("10-flight-level1-zoomed-in", [](Controller& c) { flyAtScale(c, 1, 2, 2.5e6); });
+    add("10-flight-level1-planets", [](Controller& c) { flyAtScale(c, 1, 2, 1.0e9); });
+    add("10-flight-level1-solar-system", [](Controller& c) { flyAtScale(c, 1, 2, 2.0e12); });
+    add("10-flight-level1-zoom-indicator", [](Controller& c) {
+        fly(c, 1, 2, 3);
+        c.drawView.zoomRect = 0.4;
+    });
+    add("11-flight-level3", [](Controller& c) { fly(c, 3, 3, 30); });
+    add("11-flight-level4", [](Controller& c) { fly(c, 4, 4, 10); });
+    add("11-flight-level6", [](Controller& c) { fly(c, 6, 6, 10); });
+    add("12-flight-level7-start", [](Controller& c) { fly(c, 7, 7, 1); });
+    add("12-flight-level7-burning", [](Controller& c) { flyBurning(c, 7, 7, 10); });
+    add("12-flight-level7-wide", [](Controller& c) { flyAtScale(c, 7, 7, 2.0e7); });
+    add("13-flight-level8", [](Controller& c) { fly(c, 8, 8, 10); });
+
+    add("14-overlay-out-of-fuel", [](Controller& c) {
+        fly(c, 1, 2, 3);
+        c.game.player.fuel = 0.0;
+    });
+    add("14-overlay-time-limit", [](Controller& c) {
+        fly(c, 5, 5, 3);
+        c.game.elapsedTime = c.game.timeLimit + 3600.0;
+    });
+    add("14-overlay-both-banners-paused", [](Controller& c) {
+        fly(c, 5, 5, 3);
+        c.game.player.fuel = 0.0;
+        c.game.elapsedTime = c.game.timeLimit + 3600.0;
+        press(c, kKeySpace);
+    });
+    add("14-overlay-countdown", [](Controller& c) {
+        fly(c, 3, 3, 3);
+        c.isCountingDown = true;
+        c.countDownTime = 86399.5;
+    });
+    add("14-overlay-partial-objective", [](Controller& c) {
+        fly(c, 8, 8, 3);
+        c.isPartialObjectiveDone = true;
+    });
+
+    add("15-complete-fading", [](Controller& c) { complete(c, 1, 190); });
+    add("15-complete-title", [](Controller& c) { complete(c, 1, 180); });
+    add("15-complete-fuel", [](Controller& c) { complete(c, 1, 158); });
+    add("15-complete-all-no-limit", [](Controller& c) { complete(c, 1, 138); });
+    add("15-complete-all-with-limit", [](Controller& c) { complete(c, 5, 138); });
+
+    add("16-fade-start", [](Controller& c) {
+        fly(c, 1, 2, 3);
+        c.setMode(MODE_RESTART_FADE);
+    });
+    add("16-fade-half", [](Controller& c) {
+        fly(c, 1, 2, 3);
+        c.setMode(MODE_RESTART_FADE);
+        c.counter = 4;
+    });
+    add("16-fade-last", [](Controller& c) {
+        fly(c, 1, 2, 3);
+        c.setMode(MODE_COLLISION_FADE);
+        c.counter = 1;
+    });
+    add("17-collision", [](Controller& c) {
+        fly(c, 1, 2, 3);
+        c.setMode(MODE_COLLISION);
+    });
+    return all;
+}
+
+} // namespace apsis
