@@ -241,7 +241,8 @@ bool QtCanvas::drawScaledBefore(const QImage& image, const QRectF& from, const Q
         !painter_.worldTransform().isIdentity())
         return false;
     const QTransform device = painter_.deviceTransform();
-    if (device.type() > QTransform::TxScale || device.m11() != device.m22())
+    if (device.type() > QTransform::TxScale || device.m11() != device.m22() ||
+        !(device.m11() > 0.0))
         return false;
     // The destination in device pixels, its edges on the nearest pixel boundaries: never more
     // than half a pixel from where the filtered drawing puts them.

@@ -270,6 +270,42 @@ TEST_F(QtCanvasTest, APictureKeptScaledBetweenRedrawsLooksAsOneScaledEachTime) {
     }
 }
 
+TEST(QtCanvasHiDpi, APointIsTwoPixelsOnADoubleDensitySurface) {
+    QImage surface(400, 200, QImage::Format_RGB32);
+    surface.setDevicePixelRatio(2.0);
+    QImage sheet(32, 32, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < 32; ++y)
+        for (int x = 0; x < 32; ++x)
+            sheet.setPixelColor(x, y, QColor(8 * x, 8 * y, 128));
+    const QtPicture picture(sheet);
+    std::vector<QImage> redraws;
+    for (int i = 0; i < 3; ++i) {
+        surface.fill(Qt::black);
+        QPainter painter(&surface);
+        QtCanvas canvas(painter);
+        EXPECT_EQ(canvas.size(), (Size{200, 100}));
+        canvas.fillRect({0, 0, 10, 10}, colors::red);
+        canvas.drawPicture(&picture, {0, 0, 32, 32}, {50, 20, 60, 60}, 1.0);
+        painter.end();
+        redraws.push_back(surface);
+    }
+    // The square of 10 points is 20 pixels at the bottom-left.
+    EXPECT_EQ(redraws[0].pixelColor(19, 199 - 19), QColor(Qt::red));
+    EXPECT_EQ(redraws[0].pixelColor(20, 199), QColor(Qt::black));
+    // The picture covers 120 pixels, kept scaled or not, and looks the same either way.
+    EXPECT_EQ(redraws[0].pixelColor(99, 199 - 39), QColor(Qt::black));
+    EXPECT_NE(redraws[0].pixelColor(101, 199 - 41), QColor(Qt::black));
+    EXPECT_NE(redraws[0].pixelColor(218, 199 - 158), QColor(Qt::black));
+    EXPECT_EQ(redraws[0].pixelColor(221, 199 - 161), QColor(Qt::black));
+    for (std::size_t i : {1u, 2u}) {
+        for (const QPoint p : {QPoint(101, 159), QPoint(160, 100), QPoint(218, 41)}) {
+            const QColor a = redraws[0].pixelColor(p), b = redraws[i].pixelColor(p);
+            EXPECT_NEAR(a.red(), b.red(), 2) << "redraw " << i;
+            EXPECT_NEAR(a.green(), b.green(), 2) << "redraw " << i;
+        }
+    }
+}
+
 TEST_F(QtCanvasTest, AbsurdGeometryDrawsWhatCanBeSeenAndNothingElse) {
     draw([](Canvas& canvas) {
         const TextStyle label{FontFamily::Label, 12.0f, colors::blue, std::nullopt};
