@@ -40,7 +40,7 @@ double subtractTurnsAbove(double value, double limit) {
 
 } // namespace
 
-double balance(double angle) {
+double balanceOutsideTheTurn(double angle) {
     if (!std::isfinite(angle))
         return 0.0;
     double result = angle;

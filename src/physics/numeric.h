@@ -29,8 +29,14 @@ inline constexpr double G = E(6.67, -11);
 // result is that of the step-by-step loop for every finite angle, however far out, without taking
 // its time. Two kinds of input on which that loop would never end are answered at once instead:
 // an angle that is not finite comes back as 0, and one beyond 2^56 rad (where a step of 2*pi is
-// lost in rounding) is reduced by a floating-point remainder.
-double balance(double angle);
+// lost in rounding) is reduced by a floating-point remainder. Every drift of every body calls it,
+// and nearly always the angle is in the turn already: that test is inline, the reduction is not.
+double balanceOutsideTheTurn(double angle);
+inline double balance(double angle) {
+    if (angle >= 0.0 && angle <= kTwoPi)
+        return angle;
+    return balanceOutsideTheTurn(angle);
+}
 
 // Set once the C library's generator has been seeded from the clock. A test that wants a
 // reproducible layout sets it to true and seeds the generator itself.

@@ -22,18 +22,6 @@ Position::Position(double x, double y, double vx, double vy)
 Position::Position(double x, double y, double vx, double vy, double period)
     : x(x), y(y), vx(vx), vy(vy), angle(kHalfPi), av(spinOf(period)) {}
 
-void Position::move(double dt) {
-    x = x + vx * dt;
-    y = y + vy * dt;
-    angle = balance(angle + av * dt);
-}
-
-double sqDist(const Position& a, const Position& b) {
-    const double dx = a.x - b.x;
-    const double dy = a.y - b.y;
-    return dx * dx + dy * dy;
-}
-
 double velDiff(const Position& a, const Position& b) {
     const double dvx = a.vx - b.vx;
     const double dvy = a.vy - b.vy;
