@@ -72,6 +72,27 @@ void BM_DeepZoomFrame(benchmark::State& state) {
 }
 BENCHMARK(BM_DeepZoomFrame)->Args({1280, 800})->Unit(benchmark::kMillisecond);
 
+// Level 7 while the player holds the zoom keys: in for 20 frames, out for 20, so that every frame
+// scales the station and the craft to a size not drawn just before.
+void BM_ZoomingFrame(benchmark::State& state) {
+    useGameResources();
+    auto c = std::make_unique<Controller>();
+    fly(*c, 7, 3);
+    QImage buffer(1280, 800, QImage::Format_RGB32);
+    int frame = 0;
+    for (auto _ : state) {
+        c->drawView.viewScale *= (frame++ % 40 < 20) ? 0.9025 : 1.0 / 0.9025;
+        buffer.fill(Qt::black);
+        QPainter painter(&buffer);
+        apsis::QtCanvas canvas(painter);
+        apsis::CanvasFocus focus(canvas);
+        c->drawRect();
+        painter.end();
+        benchmark::DoNotOptimize(buffer.constBits());
+    }
+}
+BENCHMARK(BM_ZoomingFrame)->Unit(benchmark::kMillisecond);
+
 // The set-up screen: menu pictures, the panel and a dozen texts, the level names read each time.
 void BM_SetupScreen(benchmark::State& state) {
     useGameResources();
