@@ -104,21 +104,5 @@ TEST(Image, AMissingPictureIsEmptyAndTriedAgain) {
     EXPECT_EQ(fake->requests.size(), tries + 1); // and stops asking once found
 }
 
-TEST(Image, InstallingALoaderGivesBackThePreviousOne) {
-    auto first = std::make_unique<FakeResources>();
-    first->addPicture("a.gif", 10.0f, 10.0f);
-    FakeResources* firstSeen = first.get();
-    auto previous = installResources(std::move(first));
-    EXPECT_EQ(&resources(), firstSeen);
-    auto mine = installResources(std::move(previous));
-    EXPECT_EQ(mine.get(), firstSeen);
-    EXPECT_NE(&resources(), firstSeen);
-    // Installing nothing leaves a loader that finds nothing.
-    auto restored = installResources(nullptr);
-    EXPECT_EQ(resources().loadPicture("a", "gif"), nullptr);
-    EXPECT_EQ(resources().loadText("a", "txt"), std::nullopt);
-    installResources(std::move(restored));
-}
-
 } // namespace
 } // namespace apsis

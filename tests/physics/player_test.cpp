@@ -31,11 +31,6 @@ TEST(Player, DefaultsOfANewShip) {
     EXPECT_EQ(ship.pos.av, 0.0);
     EXPECT_STREQ(ship.thrustImg.name, "ship.gif"); // one picture for both sheets
     EXPECT_EQ(ship.thrustImg.spritesWide, 8);
-
-    const Player twoSheets("You", 0.0, 100.0, 2.0, "ship.gif", "flame.gif", 4);
-    EXPECT_STREQ(twoSheets.img.name, "ship.gif");
-    EXPECT_STREQ(twoSheets.thrustImg.name, "flame.gif");
-    EXPECT_EQ(twoSheets.thrustImg.spritesWide, 4);
 }
 
 TEST(Player, BurnAddsAlongTheHeadingWhatItTakesFromTheTank) {
