@@ -1,6 +1,7 @@
 #include "host/game_view.h"
 
 #include "control/controller.h"
+#include "host/damage_canvas.h"
 #include "platform/qt_canvas.h"
 #include "presentation/canvas.h"
 
@@ -11,8 +12,17 @@ namespace apsis {
 
 GameView::GameView(QWidget* parent)
     : QWidget(parent), ctrl_(std::make_unique<Controller>()),
-      keys_([this](unsigned short key) { ctrl_->keyDown(key); },
-            [this](unsigned short key) { ctrl_->keyUp(key); }),
+      // A key may change the picture between a tick and its redraw: the next redraw then
+      // covers the whole view.
+      keys_(
+          [this](unsigned short key) {
+              ctrl_->keyDown(key);
+              wholeView_ = true;
+          },
+          [this](unsigned short key) {
+              ctrl_->keyUp(key);
+              wholeView_ = true;
+          }),
       frameClock_(0) {
     setFocusPolicy(Qt::StrongFocus);
     // Every paint covers the whole view with black first, so Qt need not clear it.
@@ -34,10 +44,27 @@ void GameView::doFrame() {
     ++ticks_;
     ctrl_->doFrame();
     if (ctrl_->needsRedraw) {
-        update();
+        requestRedraw();
         ctrl_->needsRedraw = false;
     }
     timer_.start(frameClock_.tick(clock_.nsecsElapsed()));
+}
+
+QRegion GameView::frameRegion() {
+    DamageCanvas canvas(this, Size{static_cast<float>(width()), static_cast<float>(height())});
+    CanvasFocus focus(canvas);
+    ctrl_->drawRect();
+    return canvas.region();
+}
+
+void GameView::requestRedraw() {
+    const QRegion region = frameRegion();
+    if (wholeView_)
+        update();
+    else
+        update(region | lastRegion_);
+    lastRegion_ = region;
+    wholeView_ = false;
 }
 
 void GameView::paintEvent(QPaintEvent*) {
@@ -56,6 +83,11 @@ void GameView::keyPressEvent(QKeyEvent* event) {
 void GameView::keyReleaseEvent(QKeyEvent* event) {
     if (!keys_.release(*event))
         QWidget::keyReleaseEvent(event);
+}
+
+void GameView::resizeEvent(QResizeEvent* event) {
+    wholeView_ = true;
+    QWidget::resizeEvent(event);
 }
 
 void GameView::focusOutEvent(QFocusEvent* event) {

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include <QElapsedTimer>
+#include <QRegion>
 #include <QTimer>
 #include <QWidget>
 
@@ -35,17 +36,26 @@ class GameView : public QWidget {
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     // Tab belongs to the game, not to Qt's focus chain.
     bool focusNextPrevChild(bool next) override;
 
   private:
+    // Where the present frame draws, from a pass over a canvas that only takes note.
+    QRegion frameRegion();
+    // Asks for the present frame: the whole view after anything else changed what is on screen,
+    // else only where the last frame or this one draws.
+    void requestRedraw();
+
     std::unique_ptr<Controller> ctrl_;
     KeyRelay keys_;
     QElapsedTimer clock_;
     FrameClock frameClock_;
     QTimer timer_;
     long long ticks_ = 0;
+    QRegion lastRegion_;    // where the frame now on screen drew
+    bool wholeView_ = true; // the next redraw must cover the whole view
 };
 
 } // namespace apsis

@@ -19,7 +19,7 @@ PictureHandle QtResources::loadPicture(const std::string& name, const std::strin
         return {};
     // Premultiplied alpha is what QPainter draws fastest; an opaque picture stays opaque.
     image = image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
-                                                          : QImage::Format_RGB32);
+                                                          : QImage::Format_RGB888);
     return std::make_shared<QtPicture>(std::move(image));
 }
 
