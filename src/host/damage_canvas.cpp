@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <limits>
+#include <unordered_map>
 
 namespace apsis {
 namespace {
@@ -13,9 +15,49 @@ constexpr double kEdgeReach = 2.0;
 constexpr double kStrokeReach = 16.0;
 constexpr double kTextReach = 8.0;
 
+// A fingerprint of a primitive and its arguments (FNV-1a over their bytes).
+class Signature {
+  public:
+    explicit Signature(int kind) { add(kind); }
+    template <typename T>
+    Signature& add(const T& value) {
+        unsigned char bytes[sizeof(T)];
+        std::memcpy(bytes, &value, sizeof(T));
+        for (unsigned char byte : bytes)
+            mix(byte);
+        return *this;
+    }
+    Signature& add(const std::string& text) {
+        for (char c : text)
+            mix(static_cast<unsigned char>(c));
+        return add(text.size());
+    }
+    Signature& add(const Rect& r) { return add(r.x).add(r.y).add(r.width).add(r.height); }
+    Signature& add(const Color& c) { return add(c.r).add(c.g).add(c.b).add(c.a); }
+    Signature& add(const TextStyle& s) {
+        add(static_cast<int>(s.family)).add(s.size).add(s.color).add(s.background.has_value());
+        return s.background ? add(*s.background) : *this;
+    }
+    Signature& add(const Path& path) {
+        for (const Path::Element& e : path.elements)
+            add(static_cast<int>(e.kind)).add(e.rect);
+        return add(path.elements.size());
+    }
+    std::uint64_t value() const { return hash_; }
+
+  private:
+    void mix(unsigned char byte) {
+        hash_ ^= byte;
+        hash_ *= 1099511628211ull;
+    }
+    std::uint64_t hash_ = 14695981039346656037ull;
+};
+
+enum Kind { kFillRect, kStroke, kFill, kPicture, kText, kTextInRect };
+
 } // namespace
 
-void DamageCanvas::add(const Rect& r, double margin) {
+void DamageCanvas::add(std::uint64_t signature, const Rect& r, double margin) {
     const double x = r.x;
     const double y = r.y;
     const double w = r.width;
@@ -29,18 +71,18 @@ void DamageCanvas::add(const Rect& r, double margin) {
     const double top = std::max(y, y + h) + margin;
     const double width = size_.width;
     const double height = size_.height;
-    // Within the view, and in whole pixels rounded outwards; y turns downwards.
+    // Within the view, in whole pixels rounded outwards; y turns downwards.
     const double l = std::clamp(std::floor(left), 0.0, width);
     const double r2 = std::clamp(std::ceil(right), 0.0, width);
     const double t = std::clamp(std::floor(height - top), 0.0, height);
     const double b = std::clamp(std::ceil(height - bottom), 0.0, height);
     if (r2 <= l || b <= t)
         return;
-    region_ += QRect(static_cast<int>(l), static_cast<int>(t), static_cast<int>(r2 - l),
-                     static_cast<int>(b - t));
+    marks_.push_back({signature, QRect(static_cast<int>(l), static_cast<int>(t),
+                                       static_cast<int>(r2 - l), static_cast<int>(b - t))});
 }
 
-void DamageCanvas::addPath(const Path& path, double margin) {
+bool DamageCanvas::boundsOf(const Path& path, Rect& bounds) {
     const float inf = std::numeric_limits<float>::infinity();
     float left = inf, bottom = inf, right = -inf, top = -inf;
     for (const Path::Element& e : path.elements) {
@@ -52,21 +94,32 @@ void DamageCanvas::addPath(const Path& path, double margin) {
         bottom = std::min({bottom, e.rect.y, e.rect.y + h});
         top = std::max({top, e.rect.y, e.rect.y + h});
     }
-    if (left <= right && bottom <= top)
-        add({left, bottom, right - left, top - bottom}, margin);
+    bounds = {left, bottom, right - left, top - bottom};
+    return left <= right && bottom <= top;
 }
 
-void DamageCanvas::strokePath(const Path& path, const Color&) {
-    addPath(path, kStrokeReach);
+void DamageCanvas::fillRect(const Rect& r, const Color& c) {
+    add(Signature(kFillRect).add(r).add(c).value(), r, kEdgeReach);
 }
 
-void DamageCanvas::fillPath(const Path& path, const Color&) {
-    addPath(path, kEdgeReach);
+void DamageCanvas::strokePath(const Path& path, const Color& c) {
+    Rect bounds;
+    if (boundsOf(path, bounds))
+        add(Signature(kStroke).add(path).add(c).value(), bounds, kStrokeReach);
 }
 
-void DamageCanvas::drawPicture(const Picture* picture, const Rect&, const Rect& dest, double) {
+void DamageCanvas::fillPath(const Path& path, const Color& c) {
+    Rect bounds;
+    if (boundsOf(path, bounds))
+        add(Signature(kFill).add(path).add(c).value(), bounds, kEdgeReach);
+}
+
+void DamageCanvas::drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
+                               double opacity) {
+    // A picture does not change once loaded, so the same one drawn alike looks alike.
     if (picture != nullptr)
-        add(dest, kEdgeReach);
+        add(Signature(kPicture).add(picture).add(source).add(dest).add(opacity).value(), dest,
+            kEdgeReach);
 }
 
 Size DamageCanvas::measureText(const std::string& text, const TextStyle& style) {
@@ -76,13 +129,39 @@ Size DamageCanvas::measureText(const std::string& text, const TextStyle& style) 
 
 void DamageCanvas::drawText(const std::string& text, Point at, const TextStyle& style) {
     const Size box = measureText(text, style);
-    add({at.x, at.y, box.width, box.height}, kTextReach);
+    add(Signature(kText).add(text).add(at.x).add(at.y).add(style).value(),
+        {at.x, at.y, box.width, box.height}, kTextReach);
 }
 
 void DamageCanvas::drawTextInRect(const std::string& text, const Rect& r, const TextStyle& style) {
     // Lines hang from the top of the rectangle and may run past its right edge.
     const Size box = measureText(text, style);
-    add({r.x, r.y, std::max(r.width, box.width), r.height}, kTextReach);
+    add(Signature(kTextInRect).add(text).add(r).add(style).value(),
+        {r.x, r.y, std::max(r.width, box.width), r.height}, kTextReach);
+}
+
+QRegion DamageCanvas::changedSince(const std::vector<Mark>& before) const {
+    // Count each primitive of the frame before, then strike off those this frame draws again;
+    // what is left over on either side is where the picture changes.
+    std::unordered_map<std::uint64_t, int> counts;
+    for (const Mark& mark : before)
+        ++counts[mark.signature];
+    QRegion changed;
+    for (const Mark& mark : marks_) {
+        auto found = counts.find(mark.signature);
+        if (found != counts.end() && found->second > 0)
+            --found->second;
+        else
+            changed += mark.bounds;
+    }
+    for (const Mark& mark : before) {
+        auto found = counts.find(mark.signature);
+        if (found->second > 0) {
+            --found->second;
+            changed += mark.bounds;
+        }
+    }
+    return changed;
 }
 
 } // namespace apsis

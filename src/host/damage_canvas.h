@@ -3,41 +3,55 @@
 #include "platform/qt_fonts.h"
 #include "presentation/canvas.h"
 
+#include <cstdint>
+#include <vector>
+
+#include <QRect>
 #include <QRegion>
 
 class QPaintDevice;
 
 namespace apsis {
 
-// A canvas that draws nothing and notes where a frame would draw: the part of the view that the
-// frame covers, in the widget's own coordinates (y downwards). Texts are measured in the same
-// faces as on screen. The view repaints only where the last frame or this one drew, so the black
-// between bodies is not painted again thirty times a second.
+// A canvas that draws nothing and notes what a frame would draw: each primitive with its
+// arguments, and the part of the view it covers, in the widget's own coordinates (y downwards).
+// Texts are measured in the same faces as on screen. Comparing two frames' notes tells where the
+// picture can differ: the view repaints only there, so the black between bodies and the parts of
+// the display that stand still are not painted again thirty times a second.
 class DamageCanvas final : public Canvas {
   public:
+    // One primitive: what it was, with every argument, and where its ink can reach.
+    struct Mark {
+        std::uint64_t signature;
+        QRect bounds;
+    };
+
     DamageCanvas(const QPaintDevice* device, Size size) : size_(size), faces_(device) {}
 
     Size size() const override { return size_; }
-    void fillRect(const Rect& r, const Color&) override { add(r, 1.0); }
-    void strokePath(const Path& path, const Color&) override;
-    void fillPath(const Path& path, const Color&) override;
+    void fillRect(const Rect& r, const Color& c) override;
+    void strokePath(const Path& path, const Color& c) override;
+    void fillPath(const Path& path, const Color& c) override;
     void drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
                      double opacity) override;
     Size measureText(const std::string& text, const TextStyle& style) override;
     void drawText(const std::string& text, Point at, const TextStyle& style) override;
     void drawTextInRect(const std::string& text, const Rect& r, const TextStyle& style) override;
 
-    // Everything noted so far, within the view.
-    const QRegion& region() const { return region_; }
+    const std::vector<Mark>& marks() const { return marks_; }
+    // Where this frame and the one noted in `before` can differ: the ground of every primitive
+    // that only one of them draws.
+    QRegion changedSince(const std::vector<Mark>& before) const;
 
   private:
-    // Notes a rectangle of the view (y upwards), widened by margin points on every side.
-    void add(const Rect& r, double margin);
-    void addPath(const Path& path, double margin);
+    // Notes a primitive covering a rectangle of the view (y upwards), widened by margin points.
+    void add(std::uint64_t signature, const Rect& r, double margin);
+    // The ground a path covers, y upwards; false for an empty path.
+    static bool boundsOf(const Path& path, Rect& bounds);
 
     Size size_;
     FaceCache faces_;
-    QRegion region_;
+    std::vector<Mark> marks_;
 };
 
 } // namespace apsis

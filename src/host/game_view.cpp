@@ -6,6 +6,7 @@
 #include "presentation/canvas.h"
 
 #include <QKeyEvent>
+#include <QPaintEvent>
 #include <QPainter>
 
 namespace apsis {
@@ -50,27 +51,27 @@ void GameView::doFrame() {
     timer_.start(frameClock_.tick(clock_.nsecsElapsed()));
 }
 
-QRegion GameView::frameRegion() {
-    DamageCanvas canvas(this, Size{static_cast<float>(width()), static_cast<float>(height())});
-    CanvasFocus focus(canvas);
-    ctrl_->drawRect();
-    return canvas.region();
-}
-
 void GameView::requestRedraw() {
-    const QRegion region = frameRegion();
+    // A pass over a canvas that only takes note of what the frame draws.
+    DamageCanvas notes(this, Size{static_cast<float>(width()), static_cast<float>(height())});
+    {
+        CanvasFocus focus(notes);
+        ctrl_->drawRect();
+    }
     if (wholeView_)
         update();
     else
-        update(region | lastRegion_);
-    lastRegion_ = region;
+        update(notes.changedSince(lastFrame_));
+    lastFrame_ = notes.marks();
     wholeView_ = false;
 }
 
-void GameView::paintEvent(QPaintEvent*) {
+void GameView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::black);
     QtCanvas canvas(painter, Size{static_cast<float>(width()), static_cast<float>(height())});
+    // Qt paints only the region asked for; what lies wholly outside it need not be drawn.
+    canvas.setDirtyRegion(event->region());
     CanvasFocus focus(canvas);
     ctrl_->drawRect();
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "host/damage_canvas.h"
 #include "host/frame_clock.h"
 #include "host/key_relay.h"
 
 #include <memory>
+#include <vector>
 
 #include <QElapsedTimer>
 #include <QRegion>
@@ -42,8 +44,6 @@ class GameView : public QWidget {
     bool focusNextPrevChild(bool next) override;
 
   private:
-    // Where the present frame draws, from a pass over a canvas that only takes note.
-    QRegion frameRegion();
     // Asks for the present frame: the whole view after anything else changed what is on screen,
     // else only where the last frame or this one draws.
     void requestRedraw();
@@ -54,8 +54,8 @@ class GameView : public QWidget {
     FrameClock frameClock_;
     QTimer timer_;
     long long ticks_ = 0;
-    QRegion lastRegion_;    // where the frame now on screen drew
-    bool wholeView_ = true; // the next redraw must cover the whole view
+    std::vector<DamageCanvas::Mark> lastFrame_; // what the frame now on screen draws
+    bool wholeView_ = true;                     // the next redraw must cover the whole view
 };
 
 } // namespace apsis

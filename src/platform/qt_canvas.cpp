@@ -85,8 +85,16 @@ QRectF QtCanvas::toQt(const Rect& r) const {
 }
 
 bool QtCanvas::reaches(const QRectF& r, double margin) const {
-    return r.right() >= -margin && r.left() <= static_cast<double>(size_.width) + margin &&
-           r.bottom() >= -margin && r.top() <= static_cast<double>(size_.height) + margin;
+    const bool onSurface =
+        r.right() >= -margin && r.left() <= static_cast<double>(size_.width) + margin &&
+        r.bottom() >= -margin && r.top() <= static_cast<double>(size_.height) + margin;
+    if (!onSurface || !dirty_)
+        return onSurface;
+    // Clamped to the surface first: the rectangle may be millions of points wide.
+    const QRectF surface(-margin, -margin, static_cast<double>(size_.width) + 2.0 * margin,
+                         static_cast<double>(size_.height) + 2.0 * margin);
+    const QRectF near = r.adjusted(-margin, -margin, margin, margin).intersected(surface);
+    return dirty_->intersects(near.toAlignedRect());
 }
 
 void QtCanvas::fillRect(const Rect& r, const Color& c) {
@@ -96,7 +104,7 @@ void QtCanvas::fillRect(const Rect& r, const Color& c) {
     const QRectF surface(0.0, 0.0, static_cast<double>(size_.width),
                          static_cast<double>(size_.height));
     const QRectF visible = toQt(r).intersected(surface.adjusted(-1.0, -1.0, 1.0, 1.0));
-    if (visible.isEmpty())
+    if (visible.isEmpty() || !reaches(visible, 1.0))
         return;
     painter_.fillRect(visible, toQColor(c));
 }

@@ -3,8 +3,11 @@
 #include "platform/qt_fonts.h"
 #include "presentation/canvas.h"
 
+#include <optional>
+
 #include <QPainter>
 #include <QRectF>
+#include <QRegion>
 
 namespace apsis {
 
@@ -22,6 +25,10 @@ class QtCanvas final : public Canvas {
     // The surface is the painter's whole device.
     explicit QtCanvas(QPainter& painter);
 
+    // Draws only what reaches into region (painter units): the rest of the surface is known to
+    // show this frame already. Without it, everything is drawn.
+    void setDirtyRegion(QRegion region) { dirty_ = std::move(region); }
+
     Size size() const override { return size_; }
     void fillRect(const Rect& r, const Color& c) override;
     void strokePath(const Path& path, const Color& c) override;
@@ -35,7 +42,8 @@ class QtCanvas final : public Canvas {
   private:
     // A view rectangle (y upwards) as a painter rectangle (y downwards).
     QRectF toQt(const Rect& r) const;
-    // Whether a painter rectangle reaches into the surface widened by margin on every side.
+    // Whether a painter rectangle reaches into the surface widened by margin on every side, and
+    // into the region being redrawn.
     bool reaches(const QRectF& r, double margin) const;
     void drawPath(const Path& path, const Color& c, bool fill);
     // Draws from (image pixels) into to (painter units) from a copy scaled before, when the
@@ -48,6 +56,7 @@ class QtCanvas final : public Canvas {
     QPainter& painter_;
     Size size_;
     FaceCache faces_;
+    std::optional<QRegion> dirty_;
 };
 
 } // namespace apsis

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QPaintDevice>
+
 namespace apsis {
 namespace {
 
@@ -10,6 +12,9 @@ namespace {
 // size can never ask FreeType for a glyph the size of a house.
 constexpr float kSmallestSize = 1.0f;
 constexpr float kLargestSize = 512.0f;
+// Widths kept per face before the oldest are let go: the changing read-outs (elapsed time, speed)
+// bring a new text every frame.
+constexpr std::size_t kKeptWidths = 512;
 
 // The desktop's faces for the game's families. Courier, Times and Helvetica are found through
 // fontconfig, which answers them with the metric twins of the URW base fonts; the URW names come
@@ -65,8 +70,18 @@ QSizeF Face::boxOf(const QStringList& lines) const {
         return {0.0, 0.0};
     double width = 0.0;
     for (const QString& line : lines)
-        width = std::max(width, metrics.horizontalAdvance(line));
+        width = std::max(width, widthOf(line));
     return {width, static_cast<double>(lines.size() - 1) * lineSpacing + lineHeight};
+}
+
+double Face::widthOf(const QString& line) const {
+    if (const auto found = widths_.find(line); found != widths_.end())
+        return found->second;
+    if (widths_.size() >= kKeptWidths)
+        widths_.clear();
+    const double width = metrics.horizontalAdvance(line);
+    widths_.emplace(line, width);
+    return width;
 }
 
 QStringList linesOf(const std::string& text) {
@@ -81,12 +96,25 @@ QStringList linesOf(const std::string& text) {
 }
 
 const Face& FaceCache::face(FontFamily family, float size) {
-    for (const Entry& entry : entries_) {
-        if (entry.family == family && entry.size == size)
+    struct Entry {
+        FontFamily family;
+        float size;
+        int dpiX;
+        int dpiY;
+        Face face;
+    };
+    // One thread draws; a deque keeps the faces handed out where they are. Never destroyed:
+    // fonts must not outlive the application object at exit.
+    static auto& faces = *new std::deque<Entry>;
+    const int dpiX = device_ != nullptr ? device_->logicalDpiX() : 0;
+    const int dpiY = device_ != nullptr ? device_->logicalDpiY() : 0;
+    for (const Entry& entry : faces) {
+        if (entry.family == family && entry.size == size && entry.dpiX == dpiX &&
+            entry.dpiY == dpiY)
             return entry.face;
     }
-    entries_.push_back({family, size, Face(fontFor(family, size), device_)});
-    return entries_.back().face;
+    faces.push_back({family, size, dpiX, dpiY, Face(fontFor(family, size), device_)});
+    return faces.back().face;
 }
 
 } // namespace apsis

@@ -7,6 +7,7 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QHash>
 #include <QStringList>
 
 class QPaintDevice;
@@ -26,6 +27,12 @@ struct Face {
     Face(const QFont& font, const QPaintDevice* device);
     // The box of a text split into lines; an empty text has no box at all.
     QSizeF boxOf(const QStringList& lines) const;
+    // The advance of one line, points. Most texts of the display stand unchanged from frame to
+    // frame, so their widths are kept rather than shaped anew every time.
+    double widthOf(const QString& line) const;
+
+  private:
+    mutable std::unordered_map<QString, double> widths_;
 };
 
 // The face a family of the game is drawn in, size in points. One point is one unit of the
@@ -36,20 +43,16 @@ QFont fontFor(FontFamily family, float size);
 // as it does on the page.
 QStringList linesOf(const std::string& text);
 
-// The faces built during one redraw: a frame draws some twenty texts in half a dozen styles.
+// The faces for one surface: a frame draws some twenty texts in half a dozen styles. Faces are
+// kept for the whole run, shared by every surface of the same dots per inch, so that fonts are
+// not looked up again in every redraw.
 class FaceCache {
   public:
     explicit FaceCache(const QPaintDevice* device) : device_(device) {}
     const Face& face(FontFamily family, float size);
 
   private:
-    struct Entry {
-        FontFamily family;
-        float size;
-        Face face;
-    };
     const QPaintDevice* device_;
-    std::deque<Entry> entries_; // a deque: faces handed out stay where they are
 };
 
 } // namespace apsis

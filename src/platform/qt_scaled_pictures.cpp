@@ -24,17 +24,13 @@ QImage ScaledPictures::lookUp(const QImage& image, const QRect& source, QSize si
     if (area < kSmallestKept || area > kLargestKept)
         return {};
     const qint64 key = image.cacheKey();
-    const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& e) {
+    auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& e) {
         return e.image == key && e.source == source && e.size == size;
     });
     if (found == entries_.end()) {
-        entries_.push_back({key, source, size, {}, redraw_});
-        return {};
-    }
-    if (found->scaled.isNull() && found->lastRedraw < redraw_) {
-        // Asked for again in a later redraw: the size holds still, so it is worth keeping.
-        // Scaled by the same filtered drawing that would have drawn it on the surface, so the
-        // copy shows what drawing it there shows.
+        // Scaled by the same filtered drawing that would draw it on the surface. A picture is
+        // drawn this one way whether or not it was drawn before, so a part of the view that is
+        // not repainted shows just what repainting it would.
         QImage scaled(size, image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
                                                     : QImage::Format_RGB32);
         scaled.fill(Qt::transparent);
@@ -43,7 +39,8 @@ QImage ScaledPictures::lookUp(const QImage& image, const QRect& source, QSize si
         painter.setCompositionMode(QPainter::CompositionMode_Source);
         painter.drawImage(QRectF(QPointF(0.0, 0.0), QSizeF(size)), image, QRectF(source));
         painter.end();
-        found->scaled = std::move(scaled);
+        entries_.push_back({key, source, size, std::move(scaled), redraw_});
+        found = std::prev(entries_.end());
     }
     found->lastRedraw = redraw_;
     return found->scaled;

@@ -12,15 +12,16 @@ namespace apsis {
 //
 // Scaling a sprite frame while drawing it costs Qt a filtered fetch for every pixel it covers:
 // at 200 m across the view the station and the craft cover a million pixels, and scaling them
-// costs more than the rest of the frame together. A frame drawn at the same size in two redraws
-// running is scaled once and then only copied, which is ten times cheaper. While the view zooms
-// every size is new, so nothing is scaled twice over: those draws scale on the fly as before.
+// costs more than the rest of the frame together. A frame is scaled once per size and then only
+// copied, which is ten times cheaper; while the view zooms every size is new and costs what a
+// filtered draw would. Every draw of a frame goes this one way, so its pixels never depend on
+// whether it was drawn before.
 class ScaledPictures {
   public:
     // Begins a redraw; what was not drawn in the last two is let go.
     void beginRedraw();
-    // source (pixels of image) scaled to size pixels, or a null image when it is not worth
-    // keeping yet: the first time a size is asked for, or when it is too large or too small.
+    // source (pixels of image) scaled to size pixels, or a null image when the size is too large
+    // or too small to keep.
     QImage lookUp(const QImage& image, const QRect& source, QSize size);
 
   private:
@@ -28,7 +29,7 @@ class ScaledPictures {
         qint64 image; // QImage::cacheKey of the picture
         QRect source;
         QSize size;
-        QImage scaled; // null until asked for twice
+        QImage scaled;
         int lastRedraw;
     };
     std::vector<Entry> entries_;

@@ -1,0 +1,130 @@
+#include "control/controller.h"
+#include "control/keys.h"
+#include "host/damage_canvas.h"
+#include "physics/numeric.h"
+#include "platform/qt_canvas.h"
+#include "platform/qt_resources.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <memory>
+
+#include <QImage>
+#include <QPainter>
+
+namespace apsis {
+namespace {
+
+constexpr int kWidth = 800;
+constexpr int kHeight = 600;
+
+// Draws the controller's present frame over black into image, only within region when given.
+void paint(Controller& ctrl, QImage& image, const QRegion* region) {
+    QPainter painter(&image);
+    if (region != nullptr)
+        painter.setClipRegion(*region);
+    painter.fillRect(image.rect(), Qt::black);
+    QtCanvas canvas(painter, Size{kWidth, kHeight});
+    if (region != nullptr)
+        canvas.setDirtyRegion(*region);
+    CanvasFocus focus(canvas);
+    ctrl.drawRect();
+}
+
+// The screen as the view keeps it: every tick repaints only where the frame changed. After any
+// number of ticks it must hold exactly the picture that painting everything anew gives.
+class PartialRepaint : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        previous = installResources(std::make_unique<QtResources>(APSIS_TEST_RESOURCE_DIR));
+        randSeedSet = true;
+        std::srand(11);
+        screen.fill(Qt::black);
+    }
+    void TearDown() override { installResources(std::move(previous)); }
+
+    void tick() {
+        ctrl.doFrame();
+        DamageCanvas notes(&screen, Size{kWidth, kHeight});
+        {
+            CanvasFocus focus(notes);
+            ctrl.drawRect();
+        }
+        const QRegion changed = first ? QRegion(screen.rect()) : notes.changedSince(lastFrame);
+        first = false;
+        lastFrame = notes.marks();
+        paint(ctrl, screen, &changed);
+        changedArea = 0;
+        for (const QRect& r : changed)
+            changedArea += r.width() * r.height();
+    }
+
+    void expectScreenIsWholeFrame(const char* when) {
+        QImage whole(kWidth, kHeight, QImage::Format_RGB32);
+        paint(ctrl, whole, nullptr);
+        int differing = 0;
+        for (int y = 0; y < kHeight; ++y)
+            for (int x = 0; x < kWidth; ++x)
+                differing += screen.pixel(x, y) != whole.pixel(x, y) ? 1 : 0;
+        EXPECT_EQ(differing, 0) << when;
+        if (differing != 0 && std::getenv("APSIS_DEBUG_DAMAGE")) {
+            screen.save("/tmp/damage_screen.png");
+            whole.save("/tmp/damage_whole.png");
+        }
+    }
+
+    std::unique_ptr<Resources> previous;
+    Controller ctrl;
+    QImage screen{kWidth, kHeight, QImage::Format_RGB32};
+    std::vector<DamageCanvas::Mark> lastFrame;
+    bool first = true;
+    long changedArea = 0;
+};
+
+TEST_F(PartialRepaint, FlightBurningTurningAndZoomingLeavesNoTrace) {
+    for (int i = 0; i < 10; ++i)
+        tick(); // the intro
+    ctrl.startLevel(1);
+    ctrl.keyDown(kKeySpace); // the briefing gives way to the flight
+    ctrl.keyDown(kKeySpace); // and the world runs
+    ctrl.keyDown(kKeyUp);
+    ctrl.keyDown(kKeyLeft);
+    for (int i = 0; i < 30; ++i)
+        tick();
+    expectScreenIsWholeFrame("after burning and turning");
+    // Coasting, the world still running: only the moving parts are repainted.
+    ctrl.keyUp(kKeyUp);
+    ctrl.keyUp(kKeyLeft);
+    tick();
+    tick();
+    EXPECT_LT(changedArea, kWidth * kHeight / 4);
+    ctrl.keyDown(kKeyW);
+    for (int i = 0; i < 20; ++i)
+        tick();
+    ctrl.keyUp(kKeyW);
+    tick();
+    expectScreenIsWholeFrame("after zooming in");
+    ctrl.keyDown(kKeySpace); // paused: the prompt comes over the scene
+    tick();
+    tick();
+    expectScreenIsWholeFrame("paused");
+}
+
+TEST_F(PartialRepaint, DeepZoomAtTheStationAndTheEndOfAnAttempt) {
+    for (int i = 0; i < 10; ++i)
+        tick();
+    ctrl.startLevel(7);
+    ctrl.keyDown(kKeySpace);
+    ctrl.keyDown(kKeySpace);
+    ctrl.keyDown(kKeyRight);
+    for (int i = 0; i < 20; ++i)
+        tick();
+    expectScreenIsWholeFrame("level 7 at 200 m");
+    ctrl.keyDown(kKeyTab); // restart: the fade to white, then the briefing
+    for (int i = 0; i < 12; ++i)
+        tick();
+    expectScreenIsWholeFrame("after the fade");
+}
+
+} // namespace
+} // namespace apsis
