@@ -24,26 +24,33 @@ QImage ScaledPictures::lookUp(const QImage& image, const QRect& source, QSize si
     if (area < kSmallestKept || area > kLargestKept)
         return {};
     const qint64 key = image.cacheKey();
-    auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& e) {
+    const auto found = std::find_if(entries_.begin(), entries_.end(), [&](const Entry& e) {
         return e.image == key && e.source == source && e.size == size;
     });
-    if (found == entries_.end()) {
-        // Scaled by the same filtered drawing that would draw it on the surface. A picture is
-        // drawn this one way whether or not it was drawn before, so a part of the view that is
-        // not repainted shows just what repainting it would.
-        QImage scaled(size, image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
-                                                    : QImage::Format_RGB32);
-        scaled.fill(Qt::transparent);
-        QPainter painter(&scaled);
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.setCompositionMode(QPainter::CompositionMode_Source);
-        painter.drawImage(QRectF(QPointF(0.0, 0.0), QSizeF(size)), image, QRectF(source));
-        painter.end();
-        entries_.push_back({key, source, size, std::move(scaled), redraw_});
-        found = std::prev(entries_.end());
+    if (found != entries_.end() && !found->scaled.isNull()) {
+        found->lastRedraw = redraw_;
+        return found->scaled;
     }
-    found->lastRedraw = redraw_;
-    return found->scaled;
+    // Scaled by the same filtered drawing that would draw it on the surface. A picture is drawn
+    // this one way whether or not it was drawn before, so a part of the view that is not
+    // repainted shows just what repainting it would.
+    QImage scaled(size, image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                : QImage::Format_RGB32);
+    scaled.fill(Qt::transparent);
+    QPainter painter(&scaled);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.drawImage(QRectF(QPointF(0.0, 0.0), QSizeF(size)), image, QRectF(source));
+    painter.end();
+    // Kept from the second time on: the full-window screens load a fresh picture for every
+    // draw, and a copy of one would never be drawn again.
+    if (found == entries_.end())
+        entries_.push_back({key, source, size, {}, redraw_});
+    else {
+        found->scaled = scaled;
+        found->lastRedraw = redraw_;
+    }
+    return scaled;
 }
 
 ScaledPictures& scaledPictures() {

@@ -12,10 +12,10 @@ namespace apsis {
 //
 // Scaling a sprite frame while drawing it costs Qt a filtered fetch for every pixel it covers:
 // at 200 m across the view the station and the craft cover a million pixels, and scaling them
-// costs more than the rest of the frame together. A frame is scaled once per size and then only
-// copied, which is ten times cheaper; while the view zooms every size is new and costs what a
-// filtered draw would. Every draw of a frame goes this one way, so its pixels never depend on
-// whether it was drawn before.
+// costs more than the rest of the frame together. A frame drawn at one size in two redraws is
+// kept scaled and then only copied, which is ten times cheaper; while the view zooms every size is
+// new and costs what a filtered draw would. Every draw of a frame goes this one way, so its pixels
+// never depend on whether it was drawn before.
 class ScaledPictures {
   public:
     // Begins a redraw; what was not drawn in the last two is let go.
@@ -29,7 +29,7 @@ class ScaledPictures {
         qint64 image; // QImage::cacheKey of the picture
         QRect source;
         QSize size;
-        QImage scaled;
+        QImage scaled; // null until asked for a second time
         int lastRedraw;
     };
     std::vector<Entry> entries_;
