@@ -1,9 +1,11 @@
 // Draws every picture of the game into the folder named on the command line: the ten sprite
-// sheets and the eight screens. The same program always writes the same bytes.
+// sheets and the eight screens; and, when a second path is given, the launcher's icon there. The
+// same program always writes the same bytes.
 
 #include "bodies.h"
 #include "craft.h"
 #include "gif_writer.h"
+#include "icon.h"
 #include "screens.h"
 
 #include <cstdio>
@@ -48,8 +50,8 @@ bool saveJpeg(const QImage& image, const std::filesystem::path& path) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: %s <resource folder>\n", argv[0]);
+    if (argc != 2 && argc != 3) {
+        std::fprintf(stderr, "usage: %s <resource folder> [<icon file>]\n", argv[0]);
         return 2;
     }
     // Text is drawn without a display.
@@ -78,6 +80,10 @@ int main(int argc, char** argv) {
     for (const Screen& screen : drawScreens()) {
         const auto path = folder / (screen.name + ".jpg");
         report(saveJpeg(screen.image, path), path);
+    }
+    if (argc == 3) {
+        const std::filesystem::path icon = argv[2];
+        report(drawIcon(256).save(QString::fromStdString(icon.string()), "PNG"), icon);
     }
     return ok ? 0 : 1;
 }
