@@ -1,6 +1,7 @@
 #include "platform/qt_canvas.h"
 
 #include "platform/qt_clip.h"
+#include "platform/qt_convert.h"
 #include "platform/qt_resources.h"
 #include "platform/qt_scaled_pictures.h"
 
@@ -17,29 +18,10 @@ namespace {
 
 // How far a stroke's ink reaches beyond its path: half the line, and the mitre of a sharp turn.
 constexpr double kStrokeReach = 16.0;
-// How far beyond the surface text ink may stand outside its measured box (overhanging letters).
-constexpr double kTextReach = 8.0;
 // Geometry that stays within this distance of the surface goes to Qt as it is; anything larger
 // is cut to a window this much larger than the surface first, far enough out that no cut end and
 // no mitre at the window's edge can show.
 constexpr double kWindowMargin = 64.0;
-
-double unitInterval(double v) {
-    return std::isnan(v) ? 0.0 : std::clamp(v, 0.0, 1.0);
-}
-
-// Colours outside 0..1 are held to it: the zoom indicator asks for negative opacities and means
-// none at all.
-QColor toQColor(const Color& c) {
-    return QColor::fromRgbF(
-        static_cast<float>(unitInterval(c.r)), static_cast<float>(unitInterval(c.g)),
-        static_cast<float>(unitInterval(c.b)), static_cast<float>(unitInterval(c.a)));
-}
-
-bool finite(const Rect& r) {
-    return std::isfinite(r.x) && std::isfinite(r.y) && std::isfinite(r.width) &&
-           std::isfinite(r.height);
-}
 
 QSizeF surfaceOf(const QPainter& painter) {
     const QPaintDevice* device = painter.device();
@@ -264,67 +246,6 @@ bool QtCanvas::drawScaledBefore(const QImage& image, const QRectF& from, const Q
     painter_.drawImage(topLeft, scaled);
     painter_.setWorldTransform(QTransform());
     return true;
-}
-
-Size QtCanvas::measureText(const std::string& text, const TextStyle& style) {
-    const QSizeF box = faces_.face(style.family, style.size).boxOf(linesOf(text));
-    return {static_cast<float>(box.width()), static_cast<float>(box.height())};
-}
-
-void QtCanvas::drawText(const std::string& text, Point at, const TextStyle& style) {
-    if (!std::isfinite(at.x) || !std::isfinite(at.y))
-        return;
-    const Face& face = faces_.face(style.family, style.size);
-    const QStringList lines = linesOf(text);
-    const QSizeF box = face.boxOf(lines);
-    // The point is the bottom-left corner of the box; the painter wants its top.
-    const double left = static_cast<double>(at.x);
-    const double top = static_cast<double>(size_.height) - static_cast<double>(at.y) - box.height();
-    if (!reaches(QRectF(left, top, box.width(), box.height()), kTextReach))
-        return;
-    if (style.background && style.background->a > 0.0)
-        painter_.fillRect(QRectF(left, top, box.width(), box.height()),
-                          toQColor(*style.background));
-    drawLines(lines, left, top, face, style);
-}
-
-void QtCanvas::drawTextInRect(const std::string& text, const Rect& r, const TextStyle& style) {
-    if (!finite(r))
-        return;
-    const QRectF area = toQt(r);
-    if (!reaches(area, kTextReach))
-        return;
-    const Face& face = faces_.face(style.family, style.size);
-    QStringList lines = linesOf(text);
-    // Lines run down from the top of the rectangle; those that would end below it are left out.
-    // Half a point of grace lets a rectangle measured for the text, then narrowed to single
-    // precision, hold all of it.
-    qsizetype fitting = 0;
-    while (fitting < lines.size() &&
-           static_cast<double>(fitting) * face.lineSpacing + face.lineHeight <= area.height() + 0.5)
-        ++fitting;
-    lines = lines.mid(0, fitting);
-    if (lines.isEmpty())
-        return;
-    const QSizeF box = face.boxOf(lines);
-    if (style.background && style.background->a > 0.0)
-        painter_.fillRect(QRectF(area.left(), area.top(), box.width(), box.height()),
-                          toQColor(*style.background));
-    drawLines(lines, area.left(), area.top(), face, style);
-}
-
-void QtCanvas::drawLines(const QStringList& lines, double left, double top, const Face& face,
-                         const TextStyle& style) {
-    if (!(style.color.a > 0.0))
-        return;
-    painter_.setFont(face.font);
-    painter_.setPen(toQColor(style.color));
-    double baseline = top + face.ascent;
-    for (const QString& line : lines) {
-        if (!line.isEmpty())
-            painter_.drawText(QPointF(left, baseline), line);
-        baseline += face.lineSpacing;
-    }
 }
 
 } // namespace apsis
