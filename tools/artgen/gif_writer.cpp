@@ -60,7 +60,7 @@ std::vector<Rgb> medianCut(std::vector<Entry> colours, std::size_t wanted) {
         if (pick == boxes.size())
             break;
         Box box = boxes[pick];
-        const auto [channel, range] = widest(box);
+        const std::size_t channel = widest(box).first;
         const auto first = colours.begin() + static_cast<std::ptrdiff_t>(box.begin);
         const auto last = colours.begin() + static_cast<std::ptrdiff_t>(box.end);
         std::sort(first, last, [channel](const Entry& a, const Entry& b) {
@@ -167,7 +167,8 @@ bool writeGif(const Raster& raster, const std::string& path) {
     std::vector<GifPixelType> line(static_cast<std::size_t>(raster.width));
     for (int y = 0; ok && y < raster.height; ++y) {
         for (int x = 0; x < raster.width; ++x) {
-            const auto& p = pixels[static_cast<std::size_t>(y * raster.width + x)];
+            const auto& p =
+                pixels[static_cast<std::size_t>(y) * line.size() + static_cast<std::size_t>(x)];
             line[static_cast<std::size_t>(x)] =
                 static_cast<GifPixelType>(p ? index[*p] : kTransparent);
         }

@@ -138,13 +138,13 @@ QImage drawInstructions() {
     drawRow(painter, y += step, {{"s"}, {"a"}}, "Time faster, time slower");
     drawRow(painter, y += step, {{"w"}, {"q"}}, "Zoom in, zoom out (time slows or quickens too)");
     drawRow(painter, y += step, {{"Tab"}}, "Start the level again");
-    drawRow(painter, y += step, {{"Esc"}}, "Back to the menu");
+    drawRow(painter, y + step, {{"Esc"}}, "Back to the menu");
 
     drawSection(painter, 580, "ON THE MENUS");
     y = 626;
     drawRow(painter, y, {{"", Arrow::Up}, {"", Arrow::Down}, {"", Arrow::Left}, {"", Arrow::Right}},
             "Move the choice, or the level and difficulty");
-    drawRow(painter, y += step, {{"any other key"}}, "Choose");
+    drawRow(painter, y + step, {{"any other key"}}, "Choose");
     drawFooter(painter);
     return image;
 }

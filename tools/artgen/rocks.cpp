@@ -112,8 +112,10 @@ Raster drawAsteroid(int size) {
                               0.08f * outline.fractal(round * 4.0f, 3));
         longest = std::max(longest, reach[i]);
     }
+    constexpr int kCraters = 45;
     std::vector<Crater> pits;
-    for (int i = 0; i < 45; ++i)
+    pits.reserve(kCraters);
+    for (int i = 0; i < kCraters; ++i)
         pits.push_back({{random.uniform(-0.9f, 0.9f), random.uniform(-0.6f, 0.6f), 0.0f},
                         0.03f + 0.16f * std::pow(random.uniform(), 3.0f)});
 
@@ -126,11 +128,15 @@ Raster drawAsteroid(int size) {
         edgeY.push_back(std::sin(a) * reach[i] * scale);
     }
     const auto count = static_cast<std::size_t>(size) * static_cast<std::size_t>(size);
+    const auto cell = [size](int x, int y) {
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(size) +
+               static_cast<std::size_t>(x);
+    };
     std::vector<float> cover(count), height(count), shade(count);
     const float shoulder = 0.4f * half; // how far in from the outline the rock's top is reached
     for (int y = 0; y < size; ++y) {
         for (int x = 0; x < size; ++x) {
-            const std::size_t k = static_cast<std::size_t>(y * size + x);
+            const std::size_t k = cell(x, y);
             const float sx = static_cast<float>(x) + 0.5f - half;
             const float sy = half - static_cast<float>(y) - 0.5f;
             float a = std::atan2(sy, sx);
@@ -153,7 +159,7 @@ Raster drawAsteroid(int size) {
     blur(height, size, size / 40 + 1);
     for (int y = 0; y < size; ++y) {
         for (int x = 0; x < size; ++x) {
-            const std::size_t k = static_cast<std::size_t>(y * size + x);
+            const std::size_t k = cell(x, y);
             const float px = (static_cast<float>(x) + 0.5f - half) / scale;
             const float py = (half - static_cast<float>(y) - 0.5f) / scale;
             // Roughness, and bowls with raised rims dug into the rock.
@@ -172,7 +178,7 @@ Raster drawAsteroid(int size) {
     Raster picture(size, size);
     for (int y = 1; y + 1 < size; ++y) {
         for (int x = 1; x + 1 < size; ++x) {
-            const std::size_t k = static_cast<std::size_t>(y * size + x);
+            const std::size_t k = cell(x, y);
             if (cover[k] <= 0.0f)
                 continue;
             const float gx = (height[k + 1] - height[k - 1]) / 2.0f;
