@@ -129,6 +129,7 @@ bool writeGif(const Raster& raster, const std::string& path) {
         ++counts[c];
     }
     std::vector<Entry> colours;
+    colours.reserve(counts.size());
     for (const auto& [colour, count] : counts)
         colours.push_back({colour, count});
     const std::vector<Rgb> palette = medianCut(colours, 255);
