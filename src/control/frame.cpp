@@ -1,5 +1,7 @@
 #include "control/controller.h"
 
+#include <cmath>
+
 namespace apsis {
 namespace {
 
@@ -122,7 +124,10 @@ void Controller::applyHeldKeys() {
             drawView.zoomRect = 0.1;
     }
     if (isZoomingOut) {
-        drawView.viewScale = drawView.viewScale / 0.9025;
+        // The zoom stops short of infinity, from where zooming in could never bring it back.
+        const double wider = drawView.viewScale / 0.9025;
+        if (std::isfinite(wider))
+            drawView.viewScale = wider;
         timeStep = timeStep / 0.95;
         drawView.zoomRect = drawView.zoomRect * 0.9025;
         if (drawView.zoomRect < 0.1)
