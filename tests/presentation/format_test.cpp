@@ -154,5 +154,21 @@ TEST(FormatFixedTime, ShowsOnlyTheUnitsThatAreNotZero) {
                                });
 }
 
+TEST(FormatExtremes, NonFiniteAndLargestValuesStillReadAsTexts) {
+    // Rows not covered above: the endless limits, the widest number a double can print (its 309
+    // digits, with grouping left out below 100 m, must fit), and a speed not a number.
+    EXPECT_EQ(formatFixedTime(kInf), "<inf>");
+    EXPECT_EQ(formatFixedTime(-kInf), "<-inf>");
+    EXPECT_EQ(formatFixedTime(-1e300), "<-292471208677y -195d -15h -30m -08s>");
+    EXPECT_EQ(formatPercent(kInf), "inf%");
+    EXPECT_EQ(formatPercent(std::numeric_limits<double>::max()), "inf%");
+    const std::string widest = formatDist(-std::numeric_limits<double>::max());
+    EXPECT_EQ(widest.size(), 313u);
+    EXPECT_EQ(widest.substr(0, 8), "-1797693");
+    EXPECT_EQ(widest.substr(widest.size() - 3), ".0m");
+    EXPECT_EQ(formatVelDiff(Position(0, 0, kNaN, 0), Position()), "NaNm/s");
+    EXPECT_EQ(formatVelDiff(Position(0, 0, kInf, 0), Position()), "infkm/s");
+}
+
 } // namespace
 } // namespace apsis
