@@ -23,7 +23,7 @@ constexpr std::array<FollowLimits, 9> kFollowLimits{{
     {0.0, 0.0},               // 1
     {0.0, 0.0},               // 2
     {0.0, 0.0},               // 3
-    {1488331500.0, 0.0},      // 4: the satellite ahead of Earth on the Sun-Earth line
+    {1488331500.0, 0.0},      // 4: the satellite between Earth and the Sun
     {42164000.0, 0.0},        // 5
     {0.0, 3000000.0},         // 6: the station around the Moon
     {0.0, 7378000.0},         // 7
