@@ -1,60 +1,18 @@
+#include "platform/canvas_surface.h"
 #include "platform/qt_canvas.h"
 #include "platform/qt_resources.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <vector>
 
-#include <QFontInfo>
 #include <QImage>
 #include <QPainter>
 
 namespace apsis {
 namespace {
-
-// A black surface drawn through a QtCanvas, read back in the game's own coordinates.
-class QtCanvasTest : public ::testing::Test {
-  protected:
-    static constexpr int kWidth = 200;
-    static constexpr int kHeight = 100;
-
-    QtCanvasTest() : image(kWidth, kHeight, QImage::Format_RGB32) { image.fill(Qt::black); }
-
-    // Draws on the surface through a fresh canvas.
-    template <typename Draw>
-    void draw(Draw&& drawing) {
-        QPainter painter(&image);
-        QtCanvas canvas(painter);
-        drawing(canvas);
-    }
-
-    // The colour at a view point, y upwards.
-    QColor at(int x, int y) const { return image.pixelColor(x, kHeight - 1 - y); }
-    bool lit(int x, int y) const { return at(x, y) != QColor(Qt::black); }
-
-    // The lit pixels' bounding box in view coordinates: left, bottom, right, top (inclusive).
-    struct Ink {
-        int left = kWidth, bottom = kHeight, right = -1, top = -1;
-        bool empty() const { return right < 0; }
-    };
-    Ink ink() const {
-        Ink box;
-        for (int y = 0; y < kHeight; ++y) {
-            for (int x = 0; x < kWidth; ++x) {
-                if (lit(x, y)) {
-                    box.left = std::min(box.left, x);
-                    box.right = std::max(box.right, x);
-                    box.bottom = std::min(box.bottom, y);
-                    box.top = std::max(box.top, y);
-                }
-            }
-        }
-        return box;
-    }
-
-    QImage image;
-};
 
 TEST_F(QtCanvasTest, RectanglesStandOnTheBottomLeftWithClampedColours) {
     draw([](Canvas& canvas) {
@@ -121,88 +79,6 @@ TEST_F(QtCanvasTest, StrokesAreOnePointOutlinesAndFillsCloseTheirShapes) {
     EXPECT_EQ(at(180, 80), QColor(Qt::red));
     EXPECT_EQ(at(180, 82), QColor(Qt::black));
     EXPECT_EQ(at(168, 80), QColor(Qt::black)); // square-cut ends: nothing beyond the end point
-}
-
-TEST_F(QtCanvasTest, TextInkLiesInItsMeasuredBoxAboveThePoint) {
-    const TextStyle style{FontFamily::Courier, 12.0f, colors::green, std::nullopt};
-    Size box;
-    draw([&](Canvas& canvas) {
-        box = canvas.measureText("Elapsed", style);
-        canvas.drawText("Elapsed", {20, 30}, style);
-    });
-    // Courier sets every letter 0.6 of its size apart: seven letters of 12 points.
-    EXPECT_NEAR(box.width, 7 * 0.6 * 12, 0.5);
-    EXPECT_GT(box.height, 12.0f);
-    EXPECT_LT(box.height, 12.0f * 1.5f);
-    const Ink drawn = ink();
-    ASSERT_FALSE(drawn.empty());
-    EXPECT_GE(drawn.left, 20);
-    EXPECT_LE(drawn.right, 20 + box.width);
-    EXPECT_GE(drawn.bottom, 30);
-    EXPECT_LE(drawn.top, 30 + box.height);
-    EXPECT_GT(drawn.right - drawn.left, box.width * 0.7f); // the ink fills the box across
-    EXPECT_LE(drawn.bottom, 30 + box.height / 3);          // the descender of "p" near the bottom
-}
-
-TEST_F(QtCanvasTest, SeveralLinesAreOneBlockWithItsFirstLineOnTop) {
-    const TextStyle style{FontFamily::Courier, 16.0f, colors::white, std::nullopt};
-    Size one, two, empty;
-    draw([&](Canvas& canvas) {
-        one = canvas.measureText("MMMMMMMM", style);
-        two = canvas.measureText("MMMMMMMM\nM", style);
-        empty = canvas.measureText("", style);
-        canvas.drawText("MMMMMMMM\nM", {10, 10}, style);
-    });
-    EXPECT_EQ(empty, (Size{0, 0}));
-    EXPECT_EQ(two.width, one.width);                      // the widest line
-    EXPECT_NEAR(two.height - one.height, 16 * 1.25, 1.5); // one line of Courier 16 more
-    const Ink drawn = ink();
-    ASSERT_FALSE(drawn.empty());
-    EXPECT_GE(drawn.bottom, 10);
-    EXPECT_LE(drawn.top, 10 + two.height);
-    // The long line is the upper one: across the top the ink runs far to the right, at the
-    // bottom only one letter wide.
-    bool longAtTop = false, longAtBottom = false;
-    for (int x = 10 + static_cast<int>(one.width / 2); x < kWidth; ++x) {
-        longAtTop = longAtTop || lit(x, drawn.top - 2);
-        longAtBottom = longAtBottom || lit(x, drawn.bottom + 2);
-    }
-    EXPECT_TRUE(longAtTop);
-    EXPECT_FALSE(longAtBottom);
-}
-
-TEST_F(QtCanvasTest, ABackgroundFillsExactlyTheMeasuredBox) {
-    const TextStyle banner{FontFamily::Copperplate, 14.0f, colors::black, colors::red};
-    Size box;
-    draw([&](Canvas& canvas) {
-        box = canvas.measureText(" Out Of Fuel ", banner);
-        canvas.drawText(" Out Of Fuel ", {30, 40}, banner);
-    });
-    const Ink red = ink();
-    ASSERT_FALSE(red.empty());
-    EXPECT_EQ(red.left, 30);
-    EXPECT_EQ(red.bottom, 40);
-    EXPECT_NEAR(red.right + 1, 30 + box.width, 1.0);
-    EXPECT_NEAR(red.top + 1, 40 + box.height, 1.0);
-    EXPECT_EQ(at(31, 41), QColor(Qt::red)); // the blank at the start is red only
-    // Black letters stand on the red.
-    int black = 0;
-    for (int x = red.left; x <= red.right; ++x)
-        black += at(x, 40 + static_cast<int>(box.height / 2)).red() < 128;
-    EXPECT_GT(black, 5);
-}
-
-TEST_F(QtCanvasTest, TextInARectangleRunsDownFromItsTop) {
-    const TextStyle style{FontFamily::Times, 13.0f, colors::white, std::nullopt};
-    draw([&](Canvas& canvas) {
-        canvas.drawTextInRect("Dock with the station\nwithin the time", {10, 10, 180, 80}, style);
-    });
-    const Ink drawn = ink();
-    ASSERT_FALSE(drawn.empty());
-    EXPECT_GE(drawn.left, 10);
-    EXPECT_LE(drawn.top, 89);
-    EXPECT_GE(drawn.top, 80);    // the first line at the top of the rectangle
-    EXPECT_GT(drawn.bottom, 40); // two lines reach nowhere near its bottom
 }
 
 TEST_F(QtCanvasTest, PicturesAreCutFromTheirBottomLeftAndDrawnWithOpacity) {
@@ -348,41 +224,6 @@ TEST_F(QtCanvasTest, AbsurdGeometryDrawsWhatCanBeSeenAndNothingElse) {
     EXPECT_EQ(at(199, 15), QColor(Qt::green));
     EXPECT_EQ(at(100, 75), QColor(Qt::blue));
     EXPECT_EQ(at(100, 90), QColor(Qt::black));
-}
-
-TEST(QtFonts, TheGameFamiliesResolveToTheirFaces) {
-    QImage surface(10, 10, QImage::Format_RGB32);
-    const struct {
-        FontFamily family;
-        QString face;
-    } cases[] = {
-        {FontFamily::Courier, "Nimbus Mono PS"},
-        {FontFamily::Times, "Nimbus Roman"},
-        {FontFamily::Label, "Nimbus Sans"},
-        {FontFamily::Copperplate, "Quattrocento"},
-    };
-    for (const auto& c : cases) {
-        const QFont font = fontFor(c.family, 12.0f);
-        EXPECT_TRUE(QFontInfo(font).family().startsWith(c.face))
-            << QFontInfo(font).family().toStdString();
-        EXPECT_EQ(font.pixelSize(), 12); // a point of the game is a pixel of Qt
-    }
-    EXPECT_EQ(fontFor(FontFamily::Copperplate, 24.0f).capitalization(), QFont::SmallCaps);
-    EXPECT_EQ(fontFor(FontFamily::Courier, 12.0f).capitalization(), QFont::MixedCase);
-    // Courier sets its letters 0.6 of the size apart, on an image as on any screen.
-    const Face face(fontFor(FontFamily::Courier, 20.0f), &surface);
-    EXPECT_NEAR(face.metrics.horizontalAdvance("MMMMMMMMMM"), 120.0, 1.0);
-    EXPECT_EQ(fontFor(FontFamily::Courier, 12.4f).pixelSize(), 12);
-    EXPECT_EQ(fontFor(FontFamily::Courier, NAN).pixelSize(), 12);
-    EXPECT_EQ(fontFor(FontFamily::Courier, 1e30f).pixelSize(), 512);
-}
-
-TEST(QtFonts, LinesBreakAtLineFeedsAndAFinalOneEndsInAnEmptyLine) {
-    EXPECT_EQ(linesOf("Earth"), QStringList({"Earth"}));
-    EXPECT_EQ(linesOf("Tab to Restart Level\nEscape to Abort Game"),
-              QStringList({"Tab to Restart Level", "Escape to Abort Game"}));
-    EXPECT_EQ(linesOf("one\r\ntwo\n"), QStringList({"one", "two", ""}));
-    EXPECT_EQ(linesOf("Mañana"), QStringList({QString::fromUtf8("Mañana")}));
 }
 
 } // namespace
