@@ -10,6 +10,8 @@ start_display() {
     pids+=($!)
     for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
     export DISPLAY=":$(head -n1 "$work/display")"
+    # The server names its display a moment before it takes connections.
+    for _ in $(seq 50); do xset q >/dev/null 2>&1 && break; sleep 0.1; done
     xset r on
     xset r rate 250 30
 }
