@@ -25,6 +25,9 @@ namespace {
 // redraw after every tick, now and then a hand that moves the craft where the keys alone would
 // take hours (onto its goal, into a planet, out to absurd distances), and now and then a window of
 // another shape. After every event the controller must still make sense.
+//
+// The stream, the hand and the invariants serve this one test, so they stay together in one file
+// though it runs past 300 lines.
 
 // Every key the game reads, the busy ones several times over, and keys it does not read: capitals,
 // a digit, Return, Delete, the null code, the top of the range and the private-use code after the
