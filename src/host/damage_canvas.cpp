@@ -118,8 +118,13 @@ void DamageCanvas::drawPicture(const Picture* picture, const Rect& source, const
                                double opacity) {
     // A picture does not change once loaded, so the same one drawn alike looks alike.
     if (picture != nullptr)
-        add(Signature(kPicture).add(picture).add(source).add(dest).add(opacity).value(), dest,
-            kEdgeReach);
+        add(Signature(kPicture)
+                .add(reinterpret_cast<std::uintptr_t>(picture))
+                .add(source)
+                .add(dest)
+                .add(opacity)
+                .value(),
+            dest, kEdgeReach);
 }
 
 Size DamageCanvas::measureText(const std::string& text, const TextStyle& style) {

@@ -9,8 +9,8 @@ namespace {
 
 // Smaller pictures cost Qt little to scale while drawing; larger ones than a 4K screen are never
 // kept, whatever asks for them.
-constexpr qint64 kSmallestKept = 64 * 64;    // pixels
-constexpr qint64 kLargestKept = 4096 * 4096; // pixels
+constexpr qint64 kSmallestKept = qint64{64} * 64;    // pixels
+constexpr qint64 kLargestKept = qint64{4096} * 4096; // pixels
 
 } // namespace
 
