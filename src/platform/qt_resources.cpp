@@ -12,6 +12,9 @@ std::filesystem::path QtResources::fileOf(const std::string& name, const std::st
 }
 
 PictureHandle QtResources::loadPicture(const std::string& name, const std::string& type) {
+    // Without a folder there are no files: not the ones of whatever folder the game started in.
+    if (folder_.empty())
+        return {};
     const auto path = fileOf(name, type);
     QImageReader reader(QString::fromStdString(path.string()));
     QImage image = reader.read();
@@ -24,6 +27,8 @@ PictureHandle QtResources::loadPicture(const std::string& name, const std::strin
 }
 
 std::optional<std::string> QtResources::loadText(const std::string& name, const std::string& type) {
+    if (folder_.empty())
+        return std::nullopt;
     QFile file(QString::fromStdString(fileOf(name, type).string()));
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;

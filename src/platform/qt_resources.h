@@ -21,7 +21,8 @@ class QtPicture final : public Picture {
 };
 
 // Pictures (JPEG, GIF) and texts read from one folder, by base name and type. A missing,
-// unreadable or undecodable file gives an empty picture or no text.
+// unreadable or undecodable file gives an empty picture or no text; so does every file when the
+// folder is empty (none was found).
 class QtResources final : public Resources {
   public:
     explicit QtResources(std::filesystem::path folder) : folder_(std::move(folder)) {}

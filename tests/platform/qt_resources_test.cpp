@@ -49,6 +49,16 @@ TEST_F(QtResourcesTest, MissingEmptyOrBrokenFilesAreNothingNotACrash) {
     EXPECT_FALSE(QtResources(folder / "nowhere").loadPicture("red", "jpg"));
 }
 
+TEST_F(QtResourcesTest, WithoutAFolderNothingIsReadFromTheWorkingDirectory) {
+    write("levels.txt", "One");
+    const auto working = std::filesystem::current_path();
+    std::filesystem::current_path(folder);
+    QtResources none{std::filesystem::path()};
+    const auto text = none.loadText("levels", "txt");
+    std::filesystem::current_path(working);
+    EXPECT_EQ(text, std::nullopt);
+}
+
 TEST_F(QtResourcesTest, FindsTheBuildTreeFolderBeforeTheInstalledOne) {
     EXPECT_EQ(findResourceFolder(folder), std::filesystem::path());
     std::filesystem::create_directories(folder / "share" / "apsis");
