@@ -9,14 +9,9 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 checker=${1:-asan}
 duration=${3:-40}
-work=$(mktemp -d)
-pids=()
-cleanup() {
-    for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-    rm -rf "$work"
-}
-trap cleanup EXIT
+source scripts/lib/xvfb.sh
 source bench/random_keys.sh
+begin_session
 
 report=$work/report.txt
 case "$checker" in

@@ -5,19 +5,9 @@
 # Usage: bench/measure_window.sh PATH_TO_APSIS
 set -euo pipefail
 apsis=${1:-build/release/apsis}
-work=$(mktemp -d)
-pids=()
-cleanup() {
-    for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-    rm -rf "$work"
-}
-trap cleanup EXIT
-
-exec 3<> "$work/display"
-Xvfb -displayfd 3 -screen 0 1600x1000x24 -nolisten tcp >/dev/null 2>&1 &
-pids+=($!)
-for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
-export DISPLAY=":$(head -n1 "$work/display")"
+source "$(dirname "$0")/../scripts/lib/xvfb.sh"
+begin_session
+start_display
 
 ticks_per_second=$(getconf CLK_TCK)
 cpu_ticks() { awk '{ print $14 + $15 }' "/proc/$1/stat"; }
@@ -51,8 +41,7 @@ done
 "$apsis" >/dev/null 2>&1 &
 game=$!
 pids+=("$game")
-window=$(xdotool search --sync --onlyvisible --name '^Apsis$' | head -n1)
-xdotool windowfocus --sync "$window" 2>/dev/null || true
+focus_game
 sleep 2
 echo "menu, idle: $(cpu_percent "$game" 10)% of a core"
 

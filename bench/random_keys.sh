@@ -1,27 +1,5 @@
-# Sourced by the soak and leak scripts: starts a virtual X server, and plays the game with random
-# keys through xdotool. Expects $work (a scratch folder) and the array pids (processes to end on
-# exit) from the caller.
-
-# A virtual X server larger than the game's default window, with the usual auto-repeat, so that
-# held keys arrive as the desktop sends them.
-start_display() {
-    exec 3<> "$work/display"
-    Xvfb -displayfd 3 -screen 0 1600x1000x24 -nolisten tcp >/dev/null 2>&1 &
-    pids+=($!)
-    for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
-    export DISPLAY=":$(head -n1 "$work/display")"
-    # The server names its display a moment before it takes connections.
-    for _ in $(seq 50); do xset q >/dev/null 2>&1 && break; sleep 0.1; done
-    xset r on
-    xset r rate 250 30
-}
-
-# Waits for the game's window and gives it the keyboard.
-focus_game() {
-    local window
-    window=$(timeout 60 xdotool search --sync --onlyvisible --name '^Apsis$' | head -n1)
-    xdotool windowfocus --sync "$window" 2>/dev/null || true
-}
+# Sourced by the soak and leak scripts: plays the game with random keys through xdotool, on the
+# virtual X server that scripts/lib/xvfb.sh starts.
 
 # Every screen once, from the menu as the game opens on it: the about and instruction pages,
 # practice flown fast, zoomed in and out, and each level of the set-up screen in flight with the

@@ -10,14 +10,9 @@ apsis=${1:-build/release/apsis}
 duration=${2:-600}
 seed=${3:-1}
 [ "$duration" -gt 60 ] || { echo "soak: too short to judge (needs more than a minute)"; exit 1; }
-work=$(mktemp -d)
-pids=()
-cleanup() {
-    for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-    rm -rf "$work"
-}
-trap cleanup EXIT
+source scripts/lib/xvfb.sh
 source bench/random_keys.sh
+begin_session
 
 start_display
 "$apsis" >"$work/apsis.log" 2>&1 &

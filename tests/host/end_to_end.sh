@@ -5,32 +5,16 @@
 # Usage: end_to_end.sh PATH_TO_APSIS
 set -euo pipefail
 apsis=$1
-work=$(mktemp -d)
-pids=()
-cleanup() {
-    for pid in "${pids[@]}"; do kill "$pid" 2>/dev/null || true; done
-    rm -rf "$work"
-}
-trap cleanup EXIT
-
-for tool in Xvfb xdotool xwd convert xset; do
+source "$(dirname "$0")/../../scripts/lib/xvfb.sh"
+begin_session
+for tool in xwd convert; do
     command -v "$tool" >/dev/null || { echo "end_to_end: $tool is missing (scripts/setup installs it)"; exit 1; }
 done
-
-# A screen larger than the window, so the window keeps its default 1280x800 at the top-left.
-exec 3<> "$work/display"
-Xvfb -displayfd 3 -screen 0 1600x1000x24 -nolisten tcp >"$work/xvfb.log" 2>&1 &
-pids+=($!)
-for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
-export DISPLAY=":$(head -n1 "$work/display")"
-# The server repeats a held key after 250 ms, 30 times a second.
-xset r on
-xset r rate 250 30
+start_display
 
 "$apsis" >"$work/apsis.log" 2>&1 &
 pids+=($!)
-window=$(timeout 20 xdotool search --sync --onlyvisible --name '^Apsis$' | head -n1)
-xdotool windowfocus --sync "$window" 2>/dev/null || true
+focus_game
 sleep 1 # the intro lasts a third of a second; then the menu
 
 shot() { xwd -root -silent | convert xwd:- -crop 1280x800+0+0 +repage "$work/$1.png"; }
