@@ -8,57 +8,37 @@
 namespace apsis {
 namespace {
 
-Player newShip() {
-    return Player("You", 0.0, 100.0, 2.0, "ship.gif", 8);
-}
-
-// A ship facing and aiming at angle, engine off.
+// A new ship facing and aiming at angle, engine off.
 Player shipFacing(double angle) {
-    Player ship = newShip();
+    Player ship("You", 0.0, 100.0, 2.0, "ship.gif", 8);
     ship.pos.angle = angle;
     ship.targetAngle = angle;
     return ship;
 }
 
-TEST(Player, DefaultsOfANewShip) {
-    const Player ship = newShip();
-    EXPECT_EQ(ship.acceleration, 1.0);
-    EXPECT_EQ(ship.throttle, 0.5);
-    EXPECT_EQ(ship.fuel, 86400.0);
-    EXPECT_EQ(ship.maxFuel, 86400.0);
-    EXPECT_EQ(ship.targetAngle, 0.0);
-    EXPECT_FALSE(ship.isTurningLeft || ship.isTurningRight || ship.isAccelerating);
-    EXPECT_EQ(ship.pos.av, 0.0);
-    EXPECT_STREQ(ship.thrustImg.name, "ship.gif"); // one picture for both sheets
-    EXPECT_EQ(ship.thrustImg.spritesWide, 8);
-}
-
 TEST(Player, BurnAddsAlongTheHeadingWhatItTakesFromTheTank) {
     Player ship = shipFacing(kHalfPi);
+    EXPECT_EQ(ship.fuel, 86400.0);
+    EXPECT_EQ(ship.throttle, 0.5);
     ship.acceleration = 2.0;
     ship.isAccelerating = true;
     ship.pos.av = 0.3; // the ship never spins by itself
     ship.move(1.0);
     EXPECT_EQ(ship.pos.vy, 1.0);
-    EXPECT_NE(ship.pos.vx, 0.0); // cos(pi/2) * 1.0: a trace
     EXPECT_LT(std::fabs(ship.pos.vx), 1e-15);
     EXPECT_EQ(ship.fuel, 86399.0);
     EXPECT_EQ(ship.pos.y, 1.0); // drifted with the new velocity
-    EXPECT_EQ(ship.pos.x, ship.pos.vx);
     EXPECT_EQ(ship.pos.av, 0.0);
-    EXPECT_EQ(ship.pos.angle, kHalfPi);
 
     // The tank runs dry: one overdraw, then the engine stops and the remainder is cleared.
     ship.fuel = 0.3;
     ship.move(1.0);
     EXPECT_DOUBLE_EQ(ship.fuel, -0.7);
     EXPECT_EQ(ship.pos.vy, 2.0);
-    EXPECT_TRUE(ship.isAccelerating);
     ship.move(1.0);
     EXPECT_EQ(ship.fuel, 0.0);
     EXPECT_FALSE(ship.isAccelerating);
     EXPECT_EQ(ship.pos.vy, 2.0);
-    EXPECT_EQ(ship.pos.y, 1.0 + 2.0 + 2.0);
 
     // throttle * acceleration * dt, in that order: the other way round it would be
     // 0.23099999999999998.
@@ -75,21 +55,17 @@ TEST(Player, BurnAddsAlongTheHeadingWhatItTakesFromTheTank) {
     turning.isAccelerating = true;
     turning.move(1.0);
     EXPECT_EQ(turning.pos.angle, 0.1);
-    EXPECT_EQ(turning.pos.vx, std::cos(0.1) * 0.5);
     EXPECT_EQ(turning.pos.vy, std::sin(0.1) * 0.5);
 }
 
 TEST(Player, TurningLeadsTheHeadingByAtMostAQuarterTurn) {
-    struct Case {
-        bool left;
-        double sign; // +1 for left (counter-clockwise), -1 for right
-    };
-    for (const Case c : {Case{true, 1.0}, Case{false, -1.0}}) {
+    for (const double sign : {1.0, -1.0}) { // left is counter-clockwise
+        const bool left = sign > 0;
         Player ship = shipFacing(kPi);
-        ship.isTurningLeft = c.left;
-        ship.isTurningRight = !c.left;
+        ship.isTurningLeft = left;
+        ship.isTurningRight = !left;
         ship.move(0.0); // a sub-step of no time: only the target moves
-        EXPECT_EQ(ship.targetAngle, kPi + c.sign * 0.0004);
+        EXPECT_EQ(ship.targetAngle, kPi + sign * 0.0004);
         EXPECT_EQ(ship.pos.angle, kPi);
         int steps = 1;
         while (std::fabs(ship.targetAngle - ship.pos.angle) < kHalfPi && steps < 10000) {
@@ -99,30 +75,18 @@ TEST(Player, TurningLeadsTheHeadingByAtMostAQuarterTurn) {
         EXPECT_EQ(steps, 3927); // pi/2 / 0.0004, rounded up
         const double held = ship.targetAngle;
         ship.move(0.0);
-        EXPECT_EQ(ship.targetAngle, held);     // held at the limit...
-        EXPECT_EQ(ship.isTurningLeft, c.left); // ...with the input still set
-        EXPECT_EQ(ship.isTurningRight, !c.left);
-        EXPECT_EQ(ship.fuel, 86400.0); // turning burns nothing
+        EXPECT_EQ(ship.targetAngle, held);   // held at the limit...
+        EXPECT_EQ(ship.isTurningLeft, left); // ...with the input still set
+        EXPECT_EQ(ship.fuel, 86400.0);       // turning burns nothing
     }
 
-    // The heading closes 0.1 * dt of the gap per sub-step.
-    Player ship = shipFacing(1.0);
-    ship.targetAngle = 2.0;
-    ship.move(2.0);
-    EXPECT_EQ(ship.pos.angle, 0.1 * (2.0 - 1.0) * 2.0 + 1.0);
-}
-
-TEST(Player, AnEmptyTankReleasesATurnOnlyWhileTheTargetCanMove) {
-    Player ship = shipFacing(1.0);
-    ship.fuel = 0.0;
-    ship.isTurningLeft = true;
-    ship.isTurningRight = true;
-    ship.move(0.5);
-    EXPECT_FALSE(ship.isTurningLeft);
-    EXPECT_FALSE(ship.isTurningRight);
-    EXPECT_EQ(ship.targetAngle, 1.0);
-
-    // With the target already a quarter turn ahead the left input is not even looked at.
+    // An empty tank releases a turn input, but only while the target could still move.
+    Player dry = shipFacing(1.0);
+    dry.fuel = 0.0;
+    dry.isTurningLeft = dry.isTurningRight = true;
+    dry.move(0.5);
+    EXPECT_FALSE(dry.isTurningLeft || dry.isTurningRight);
+    EXPECT_EQ(dry.targetAngle, 1.0);
     Player ahead = shipFacing(1.0);
     ahead.targetAngle = 2.6;
     ahead.fuel = 0.0;
@@ -155,34 +119,22 @@ TEST(Player, HeadingApproachesItsTargetAndWrapsWithIt) {
         EXPECT_EQ(ship.pos.angle, c.newAngle) << c.angle << " to " << c.target;
         EXPECT_EQ(ship.targetAngle, c.newTarget) << c.angle << " to " << c.target;
     }
-    Player ship = shipFacing(6.28);
-    ship.targetAngle = 6.5;
-    ship.move(1.0);
-    EXPECT_NEAR(ship.pos.angle, 0.01881, 1e-5);
-    EXPECT_NEAR(ship.targetAngle, 0.21681, 1e-5);
 }
 
-TEST(Player, PutInOrbitAroundAimsWhereItFaces) {
-    Stellar earth("Earth", E(5.98, 24), 1.0, 1.0, "earth.jpg", 8);
-    Player ship = newShip();
-    ship.targetAngle = 3.0;
-    ship.putInOrbitAround(earth, 6678000.0, 0.75);
-    EXPECT_EQ(ship.pos.angle, 0.75);
-    EXPECT_EQ(ship.targetAngle, 0.75);
-    EXPECT_EQ(ship.mainInfluence, &earth);
-
-    randSeedSet = true;
-    std::srand(11);
-    ship.putInOrbitAround(earth, 26378000.0);
-    EXPECT_EQ(ship.targetAngle, ship.pos.angle);
-    EXPECT_NEAR(std::sqrt(sqDist(ship.pos, earth.pos)), 26378000.0, 1e-6);
-}
-
-TEST(Player, ImageRectFromTheThrustSheetWhileBurning) {
+TEST(Player, OrbitAimsWhereItFacesAndBurningShowsTheThrustSheet) {
     ScopedFakeResources fake;
     fake->addPicture("ship.gif", 512.0f, 512.0f);
     fake->addPicture("flame.gif", 256.0f, 256.0f);
+    Stellar earth("Earth", E(5.98, 24), 1.0, 1.0, "earth.jpg", 8);
     Player ship("You", 0.0, 100.0, 2.0, "ship.gif", "flame.gif", 8);
+    ship.targetAngle = 3.0;
+    ship.putInOrbitAround(earth, 6678000.0, 0.0);
+    EXPECT_EQ(ship.targetAngle, 0.0);
+    EXPECT_NEAR(velDiff(ship.pos, earth.pos), 7728.4, 0.05);
+    randSeedSet = true;
+    ship.putInOrbitAround(earth, 26378000.0);
+    EXPECT_EQ(ship.targetAngle, ship.pos.angle);
+
     ship.pos.angle = 0.0; // frame 16
     EXPECT_EQ(ship.getImageRect(), (Rect{0.0f, 320.0f, 64.0f, 64.0f}));
     ship.isAccelerating = true;
