@@ -24,8 +24,10 @@ class QtResourcesTest : public ::testing::Test {
     std::filesystem::path folder;
 };
 
-TEST_F(QtResourcesTest, ReadsTextsAndPicturesByNameAndType) {
+TEST_F(QtResourcesTest, ReadsByNameAndTypeAndMissingOrBrokenFilesAreNothing) {
     write("levels.txt", "One\nTwo");
+    write("empty.txt", "");
+    write("broken.jpg", std::string("\xff\xd8\xff\xe0 truncated", 15));
     QImage picture(16, 8, QImage::Format_RGB32);
     picture.fill(Qt::red);
     ASSERT_TRUE(picture.save(QString::fromStdString((folder / "red.jpg").string()), "JPG"));
@@ -36,25 +38,16 @@ TEST_F(QtResourcesTest, ReadsTextsAndPicturesByNameAndType) {
     ASSERT_TRUE(red);
     EXPECT_EQ(red->width(), 16.0f);
     EXPECT_EQ(red->height(), 8.0f);
-}
-
-TEST_F(QtResourcesTest, MissingEmptyOrBrokenFilesAreNothingNotACrash) {
-    write("empty.txt", "");
-    write("broken.jpg", std::string("\xff\xd8\xff\xe0 truncated", 15));
-    QtResources loader(folder);
     EXPECT_EQ(loader.loadText("missing", "txt"), std::nullopt);
     EXPECT_EQ(loader.loadText("empty", "txt"), std::string());
     EXPECT_FALSE(loader.loadPicture("missing", "jpg"));
     EXPECT_FALSE(loader.loadPicture("broken", "jpg"));
     EXPECT_FALSE(QtResources(folder / "nowhere").loadPicture("red", "jpg"));
-}
 
-TEST_F(QtResourcesTest, WithoutAFolderNothingIsReadFromTheWorkingDirectory) {
-    write("levels.txt", "One");
+    // Without a folder nothing is read, not even from the working directory.
     const auto working = std::filesystem::current_path();
     std::filesystem::current_path(folder);
-    QtResources none{std::filesystem::path()};
-    const auto text = none.loadText("levels", "txt");
+    const auto text = QtResources{std::filesystem::path()}.loadText("levels", "txt");
     std::filesystem::current_path(working);
     EXPECT_EQ(text, std::nullopt);
 }
