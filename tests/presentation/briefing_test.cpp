@@ -1,7 +1,5 @@
-#include "presentation/format.h"
 #include "support/draw_harness.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -11,84 +9,69 @@ namespace {
 
 using Op = RecordingCanvas::Op;
 
-const TextStyle kBriefingText{FontFamily::Times, 13.0f, colors::white};
-const TextStyle kCompleteBody{FontFamily::Courier, 14.0f, colors::green};
-
-// Whether the flight display was drawn: its first read-out.
+// Whether the flight scene was drawn underneath: its first read-out.
 bool drewTheScene(const RecordingCanvas& canvas) {
-    return canvas.findTextStartingWith("Elapsed Time: ") != nullptr;
+    return canvas.findText("Elapsed Time: ", true) != nullptr;
 }
 
-TEST(Briefing, PanelAroundThe300x100Text) {
-    DrawHarness h;
-    const std::string text = "Reach a low orbit.\nHold it.";
-    h.files->textFiles["level3.txt"] = text;
-    h.canvas.textSizes[text] = {300.0f, 100.0f};
-    h.view.drawLevel(3, h.game);
-
-    EXPECT_TRUE(drewTheScene(h.canvas));
-    std::vector<Rect> rings;
-    for (const auto* fill : h.canvas.ofKind(Op::FillRect))
-        if (fill->color.r == fill->color.g && fill->color.g == fill->color.b &&
-            fill->rect.x >= 155.0f && fill->rect.x <= 160.0f)
-            rings.push_back(fill->rect);
-    EXPECT_EQ(rings, (std::vector<Rect>{{155, 175, 330, 170},
-                                        {156, 176, 328, 168},
-                                        {157, 177, 326, 166},
-                                        {158, 178, 324, 164},
-                                        {159, 179, 322, 162},
-                                        {160, 180, 320, 160}}));
-
-    const auto* body = h.canvas.findText(text);
-    ASSERT_NE(body, nullptr);
-    EXPECT_EQ(body->op, Op::DrawTextInRect);
-    EXPECT_EQ(body->rect, (Rect{170, 190, 300, 100}));
-    EXPECT_EQ(body->style, kBriefingText);
-
-    const auto* title = h.canvas.findText("Level 3");
-    ASSERT_NE(title, nullptr);
-    EXPECT_EQ(title->at, (Point{320 - RecordingCanvas::textSize("Level 3", 36).width / 2, 300}));
-    EXPECT_EQ(title->style, (TextStyle{FontFamily::Copperplate, 36.0f, colors::blue}));
-    EXPECT_NE(std::find(h.files->requests.begin(), h.files->requests.end(), "level3.txt"),
-              h.files->requests.end());
-}
-
-TEST(Briefing, PracticeTitleAndAMissingText) {
-    DrawHarness h;
-    h.view.drawLevel(0, h.game);
-    const auto* title = h.canvas.findText("Practice Level");
-    ASSERT_NE(title, nullptr);
-    // No briefing: the panel shrinks to 30 x 70 round the middle, the title 10 points above it.
-    EXPECT_EQ(title->at.y, 250.0f);
-    EXPECT_EQ(h.canvas.filledRects({1.0, 1.0, 1.0, 1.0}).back(), (Rect{305, 225, 30, 70}));
-    EXPECT_EQ(h.canvas.findText("")->rect, (Rect{320, 240, 0, 0}));
-    EXPECT_NE(std::find(h.files->requests.begin(), h.files->requests.end(), "level0.txt"),
-              h.files->requests.end());
+TEST(Briefing, PanelAroundTheTextAndTitleAbove) {
+    struct Case {
+        int level;
+        const char* text; // nullptr: no briefing file
+        Size size;
+        const char* title;
+        Rect outer; // the panel's outermost ring
+    };
+    const Case cases[] = {
+        {3, "Reach a low orbit.\nHold it.", {300, 100}, "Level 3", {155, 175, 330, 170}},
+        {0, nullptr, {0, 0}, "Practice Level", {305, 225, 30, 70}}, // shrinks round the middle
+    };
+    for (const Case& c : cases) {
+        DrawHarness h;
+        if (c.text != nullptr) {
+            h.files->textFiles["level3.txt"] = c.text;
+            h.canvas.textSizes[c.text] = c.size;
+        }
+        h.view.drawLevel(c.level, h.game);
+        EXPECT_TRUE(drewTheScene(h.canvas));
+        EXPECT_EQ(h.files->requests.front(), "level" + std::to_string(c.level) + ".txt");
+        const auto white = h.canvas.filledRects(colors::white);
+        ASSERT_FALSE(white.empty());
+        EXPECT_EQ(white.back(), c.outer);
+        const Rect inner = h.canvas.filledRects({0.0, 0.0, 0.0, 1.0}).back();
+        EXPECT_EQ(inner,
+                  (Rect{c.outer.x + 5, c.outer.y + 5, c.outer.width - 10, c.outer.height - 10}));
+        const auto* body = h.canvas.findText(c.text ? c.text : "");
+        ASSERT_NE(body, nullptr);
+        EXPECT_EQ(body->op, Op::TextInRect);
+        EXPECT_EQ(body->rect, (Rect{320 - c.size.width / 2, 240 - c.size.height / 2, c.size.width,
+                                    c.size.height}));
+        EXPECT_EQ(body->style, (TextStyle{FontFamily::Times, 13.0f, colors::white}));
+        const auto* title = h.canvas.findText(c.title);
+        ASSERT_NE(title, nullptr);
+        EXPECT_EQ(title->at, RecordingCanvas::centred(c.title, 36, 320, 250 + c.size.height / 2));
+        EXPECT_EQ(title->style, (TextStyle{FontFamily::Copperplate, 36.0f, colors::blue}));
+    }
 }
 
 TEST(LevelComplete, FadesToBlackThenRevealsFuelAndTime) {
-    const std::string blank(24, ' ');
+    const std::string head = std::string(24, ' ') + "\nFuel Remaining: ";
+    const std::string fuel = head + " 25.0%\nTime Remaining: ";
     struct Case {
         double t;
         double timeLimit;
-        bool scene;
-        const char* body; // nullptr: no text at all
+        std::string body; // empty: the darkening scene
     };
-    const std::string labels = blank + "\nFuel Remaining: \nTime Remaining: ";
-    const std::string withFuel = blank + "\nFuel Remaining:  25.0%\nTime Remaining: ";
-    const std::string withTime = blank + "\nFuel Remaining:  25.0%\nTime Remaining:  75.0%";
-    const std::string noLimit = blank + "\nFuel Remaining:  25.0%\nTime Remaining:  n/a  ";
     const Case cases[] = {
-        {0.0, 432000.0, true, nullptr},
-        {0.5, 432000.0, true, nullptr},
-        {1.0, 432000.0, false, labels.c_str()},
-        {2.0, 432000.0, false, labels.c_str()},
-        {2.05, 432000.0, false, withFuel.c_str()},
-        {3.0, 432000.0, false, withFuel.c_str()},
-        {3.05, 432000.0, false, withTime.c_str()},
-        {9.95, 432000.0, false, withTime.c_str()},
-        {3.05, 0.0, false, noLimit.c_str()},
-        {3.05, 0.1, false, noLimit.c_str()},
+        {0.0, 432000.0, ""},
+        {0.5, 432000.0, ""},
+        {1.0, 432000.0, head + "\nTime Remaining: "},
+        {2.0, 432000.0, head + "\nTime Remaining: "},
+        {2.05, 432000.0, fuel},
+        {3.0, 432000.0, fuel},
+        {3.05, 432000.0, fuel + " 75.0%"},
+        {9.95, 432000.0, fuel + " 75.0%"},
+        {3.05, 0.1, fuel + " n/a  "},
     };
     for (const Case& c : cases) {
         DrawHarness h;
@@ -97,38 +80,34 @@ TEST(LevelComplete, FadesToBlackThenRevealsFuelAndTime) {
         h.game.timeLimit = c.timeLimit;
         h.game.elapsedTime = 108000.0;
         h.view.drawLevelComplete(c.t, h.game);
-
-        EXPECT_EQ(drewTheScene(h.canvas), c.scene) << c.t;
-        if (c.scene) {
-            const auto drawn = h.canvas.drawing();
-            ASSERT_EQ(drawn.back()->op, Op::FillRect);
-            EXPECT_EQ(drawn.back()->rect, (Rect{0, 0, 640, 480}));
-            EXPECT_EQ(drawn.back()->color, (Color{0.0, 0.0, 0.0, c.t}));
+        EXPECT_EQ(drewTheScene(h.canvas), c.body.empty()) << c.t;
+        if (c.body.empty()) {
+            const auto* veil = h.canvas.drawing().back();
+            EXPECT_EQ(veil->rect, (Rect{0, 0, 640, 480}));
+            EXPECT_EQ(veil->color, (Color{0.0, 0.0, 0.0, c.t}));
             continue;
         }
         ASSERT_EQ(h.canvas.drawing().size(), 2u) << c.t;
-        const Size size = RecordingCanvas::textSize(c.body, 14);
         const auto* body = h.canvas.findText(c.body);
         ASSERT_NE(body, nullptr) << c.t << " " << c.timeLimit;
-        EXPECT_EQ(body->style, kCompleteBody);
-        EXPECT_EQ(body->at, (Point{320 - size.width / 2, 240 - size.height / 2}));
+        EXPECT_EQ(body->style, (TextStyle{FontFamily::Courier, 14.0f, colors::green}));
+        const float height = RecordingCanvas::textSize(c.body, 14).height;
+        EXPECT_EQ(body->at, RecordingCanvas::centred(c.body, 14, 320, 240, true));
         const auto* title = h.canvas.findText("Level Complete");
         ASSERT_NE(title, nullptr);
         EXPECT_EQ(title->style, (TextStyle{FontFamily::Copperplate, 24.0f, colors::green}));
-        EXPECT_EQ(title->at, (Point{320 - RecordingCanvas::textSize("Level Complete", 24).width / 2,
-                                    240 + size.height / 2 + 50}));
+        EXPECT_EQ(title->at, RecordingCanvas::centred("Level Complete", 24, 320, 290 + height / 2));
     }
 }
 
 TEST(FadeToWhite, CoversTheSceneWithGrowingWhite) {
-    for (double t : {1.0, 0.5, 0.125}) {
+    for (const double t : {1.0, 0.5, 0.125}) {
         DrawHarness h;
         h.view.drawFadeToWhite(t, h.game);
         EXPECT_TRUE(drewTheScene(h.canvas));
-        const auto drawn = h.canvas.drawing();
-        ASSERT_EQ(drawn.back()->op, Op::FillRect);
-        EXPECT_EQ(drawn.back()->rect, (Rect{0, 0, 640, 480}));
-        EXPECT_EQ(drawn.back()->color, (Color{1.0, 1.0, 1.0, 1 - t}));
+        const auto* veil = h.canvas.drawing().back();
+        EXPECT_EQ(veil->rect, (Rect{0, 0, 640, 480}));
+        EXPECT_EQ(veil->color, (Color{1.0, 1.0, 1.0, 1 - t}));
     }
 }
 

@@ -38,9 +38,7 @@ class FakeResources final : public Resources {
     std::optional<std::string> loadText(const std::string& name, const std::string& type) override {
         requests.push_back(name + "." + type);
         const auto found = textFiles.find(name + "." + type);
-        if (found == textFiles.end())
-            return std::nullopt;
-        return found->second;
+        return found == textFiles.end() ? std::nullopt : std::optional(found->second);
     }
 
     // Adds a picture of the given size under "name.type" and returns it.
@@ -48,6 +46,17 @@ class FakeResources final : public Resources {
         auto picture = std::make_shared<FakePicture>(width, height);
         pictures[file] = picture;
         return picture.get();
+    }
+
+    // Every body's sheet and every screen's picture, so that drawing takes the picture paths.
+    void addEveryPicture() {
+        for (const char* file :
+             {"sun.jpg", "venus.jpg", "earth.jpg", "moon.jpg", "mars.jpg", "jupiter.jpg",
+              "asteroid.jpg", "ship.gif", "satellite.gif", "station.gif"})
+            addPicture(file, 512, 512);
+        for (const char* screen : {"splash", "menu", "menuAbout", "menuInstructions",
+                                   "menuPractice", "menuNew", "about", "instructions"})
+            addPicture(std::string(screen) + ".jpg", 640, 480);
     }
 };
 

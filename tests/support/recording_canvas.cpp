@@ -3,39 +3,30 @@
 #include <algorithm>
 
 namespace apsis {
-namespace {
-
-// Characters of a UTF-8 text: every byte that does not continue a sequence.
-std::size_t characters(std::string_view line) {
-    return static_cast<std::size_t>(std::count_if(line.begin(), line.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0u) != 0x80u;
-    }));
-}
-
-bool isText(const RecordingCanvas::Call& call) {
-    return call.op == RecordingCanvas::Op::DrawText ||
-           call.op == RecordingCanvas::Op::DrawTextInRect;
-}
-
-} // namespace
 
 Size RecordingCanvas::textSize(std::string_view text, float size) {
     if (text.empty())
         return {0.0f, 0.0f};
-    std::size_t lines = 0;
+    std::size_t lines = 1;
     std::size_t longest = 0;
-    std::size_t start = 0;
-    while (true) {
-        const std::size_t end = text.find('\n', start);
-        const std::string_view line = text.substr(start, end - start);
-        longest = std::max(longest, characters(line));
-        ++lines;
-        if (end == std::string_view::npos)
-            break;
-        start = end + 1;
+    std::size_t line = 0;
+    for (const char c : text) {
+        if (c == '\n') {
+            ++lines;
+            line = 0;
+        } else if ((static_cast<unsigned char>(c) & 0xC0u) != 0x80u) { // a UTF-8 character
+            longest = std::max(longest, ++line);
+        }
     }
-    return {static_cast<float>(0.6 * static_cast<double>(size) * static_cast<double>(longest)),
-            static_cast<float>(1.2 * static_cast<double>(size) * static_cast<double>(lines))};
+    const auto points = static_cast<double>(size);
+    return {static_cast<float>(0.6 * points * static_cast<double>(longest)),
+            static_cast<float>(1.2 * points * static_cast<double>(lines))};
+}
+
+Point RecordingCanvas::centred(std::string_view text, float size, double x, double y, bool middle) {
+    const Size s = textSize(text, size);
+    return {static_cast<float>(x - static_cast<double>(s.width) / 2),
+            static_cast<float>(middle ? y - static_cast<double>(s.height) / 2 : y)};
 }
 
 std::vector<const RecordingCanvas::Call*> RecordingCanvas::ofKind(Op op) const {
@@ -57,21 +48,15 @@ std::vector<const RecordingCanvas::Call*> RecordingCanvas::drawing() const {
 std::vector<std::string> RecordingCanvas::texts() const {
     std::vector<std::string> found;
     for (const Call& call : calls)
-        if (isText(call))
+        if (call.op == Op::DrawText || call.op == Op::TextInRect)
             found.push_back(call.text);
     return found;
 }
 
-const RecordingCanvas::Call* RecordingCanvas::findText(std::string_view text) const {
+const RecordingCanvas::Call* RecordingCanvas::findText(std::string_view text, bool prefix) const {
     for (const Call& call : calls)
-        if (isText(call) && call.text == text)
-            return &call;
-    return nullptr;
-}
-
-const RecordingCanvas::Call* RecordingCanvas::findTextStartingWith(std::string_view prefix) const {
-    for (const Call& call : calls)
-        if (isText(call) && std::string_view(call.text).substr(0, prefix.size()) == prefix)
+        if ((call.op == Op::DrawText || call.op == Op::TextInRect) &&
+            (prefix ? call.text.starts_with(text) : call.text == text))
             return &call;
     return nullptr;
 }
@@ -84,71 +69,40 @@ std::vector<Rect> RecordingCanvas::filledRects(const Color& c) const {
     return found;
 }
 
-std::vector<const RecordingCanvas::Call*> RecordingCanvas::pictures() const {
-    return ofKind(Op::DrawPicture);
-}
-
-std::size_t RecordingCanvas::count(Op op) const {
-    return static_cast<std::size_t>(
-        std::count_if(calls.begin(), calls.end(), [op](const Call& c) { return c.op == op; }));
-}
-
 void RecordingCanvas::fillRect(const Rect& r, const Color& c) {
-    Call call{Op::FillRect};
-    call.rect = r;
-    call.color = c;
-    calls.push_back(std::move(call));
+    calls.push_back({.op = Op::FillRect, .rect = r, .color = c});
 }
 
 void RecordingCanvas::strokePath(const Path& path, const Color& c) {
-    Call call{Op::StrokePath};
-    call.path = path;
-    call.color = c;
-    calls.push_back(std::move(call));
+    calls.push_back({.op = Op::StrokePath, .color = c, .path = path});
 }
 
 void RecordingCanvas::fillPath(const Path& path, const Color& c) {
-    Call call{Op::FillPath};
-    call.path = path;
-    call.color = c;
-    calls.push_back(std::move(call));
+    calls.push_back({.op = Op::FillPath, .color = c, .path = path});
 }
 
 void RecordingCanvas::drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
                                   double opacity) {
-    Call call{Op::DrawPicture};
-    call.picture = picture;
-    call.source = source;
-    call.rect = dest;
-    call.opacity = opacity;
-    calls.push_back(std::move(call));
+    calls.push_back({.op = Op::DrawPicture,
+                     .rect = dest,
+                     .source = source,
+                     .picture = picture,
+                     .opacity = opacity});
 }
 
 Size RecordingCanvas::measureText(const std::string& text, const TextStyle& style) {
-    Call call{Op::MeasureText};
-    call.text = text;
-    call.style = style;
-    calls.push_back(std::move(call));
-    if (const auto given = textSizes.find(text); given != textSizes.end())
-        return given->second;
-    return textSize(text, style.size);
+    calls.push_back({.op = Op::MeasureText, .text = text, .style = style});
+    const auto given = textSizes.find(text);
+    return given != textSizes.end() ? given->second : textSize(text, style.size);
 }
 
 void RecordingCanvas::drawText(const std::string& text, Point at, const TextStyle& style) {
-    Call call{Op::DrawText};
-    call.text = text;
-    call.at = at;
-    call.style = style;
-    calls.push_back(std::move(call));
+    calls.push_back({.op = Op::DrawText, .text = text, .at = at, .style = style});
 }
 
 void RecordingCanvas::drawTextInRect(const std::string& text, const Rect& r,
                                      const TextStyle& style) {
-    Call call{Op::DrawTextInRect};
-    call.text = text;
-    call.rect = r;
-    call.style = style;
-    calls.push_back(std::move(call));
+    calls.push_back({.op = Op::TextInRect, .rect = r, .text = text, .style = style});
 }
 
 } // namespace apsis

@@ -9,12 +9,9 @@
 
 namespace apsis {
 
-// A canvas for tests: it draws nothing, remembers every call with its arguments in order, and
-// measures texts by a fixed rule, so a test can assert the exact rectangles, points and strings a
-// screen draws.
-//
-// The rule: a text is 0.6 * size wide per character of its longest line and 1.2 * size tall per
-// line; the empty text measures 0 x 0.
+// A canvas for tests: it draws nothing and remembers every call with its arguments, in order. A
+// text measures 0.6 * size wide per character of its longest line and 1.2 * size tall per line;
+// the empty text 0 x 0.
 class RecordingCanvas : public Canvas {
   public:
     enum class Op {
@@ -24,51 +21,43 @@ class RecordingCanvas : public Canvas {
         DrawPicture,
         MeasureText,
         DrawText,
-        DrawTextInRect
+        TextInRect
     };
 
-    // One call. Only the members its kind uses are filled.
+    // One call; only the members its kind uses are filled.
     struct Call {
         Op op;
-        Rect rect{};                      // FillRect; DrawPicture's destination; DrawTextInRect
-        Rect source{};                    // DrawPicture
-        Color color{};                    // FillRect, StrokePath, FillPath
-        Path path{};                      // StrokePath, FillPath
-        const Picture* picture = nullptr; // DrawPicture
-        double opacity = 0.0;             // DrawPicture
-        std::string text{};               // MeasureText, DrawText, DrawTextInRect
-        Point at{};                       // DrawText
-        TextStyle style{};                // MeasureText, DrawText, DrawTextInRect
+        Rect rect{};   // FillRect; DrawPicture's destination; TextInRect
+        Rect source{}; // DrawPicture
+        Color color{}; // FillRect, StrokePath, FillPath
+        Path path{};
+        const Picture* picture = nullptr;
+        double opacity = 0.0;
+        std::string text{};
+        Point at{}; // DrawText
+        TextStyle style{};
     };
 
     explicit RecordingCanvas(Size surface = {640.0f, 480.0f}) : surface(surface) {}
 
-    Size surface; // what size() answers; set it before initSizes
+    Size surface; // what size() answers
     std::vector<Call> calls;
-    // Sizes that particular texts measure instead of the rule's, whatever the style.
-    std::map<std::string, Size, std::less<>> textSizes;
+    std::map<std::string, Size, std::less<>>
+        textSizes; // texts that measure otherwise than the rule
 
-    // The measuring rule, for tests that want to compute an expected position.
     static Size textSize(std::string_view text, float size);
+    // Where a text of the given size lands when centred on x with its bottom (or, middle, its
+    // middle) at y.
+    static Point centred(std::string_view text, float size, double x, double y,
+                         bool middle = false);
 
-    // Forgets every call recorded so far.
     void clear() { calls.clear(); }
-
-    // Every call of one kind, in order.
     std::vector<const Call*> ofKind(Op op) const;
-    // Every call that draws something, in order: measurements left out.
-    std::vector<const Call*> drawing() const;
-    // The texts drawn (at a point or into a rectangle), in order.
-    std::vector<std::string> texts() const;
-    // The first text drawn that equals text, or that starts with prefix; nullptr when none.
-    const Call* findText(std::string_view text) const;
-    const Call* findTextStartingWith(std::string_view prefix) const;
-    // The rectangles filled with colour c, in order.
+    std::vector<const Call*> drawing() const; // every call but measurements
+    std::vector<std::string> texts() const;   // the texts drawn, in order
+    // The first text drawn that equals text, or with prefix that starts with it; nullptr if none.
+    const Call* findText(std::string_view text, bool prefix = false) const;
     std::vector<Rect> filledRects(const Color& c) const;
-    // The pictures drawn, in order.
-    std::vector<const Call*> pictures() const;
-    // How many calls of a kind were made.
-    std::size_t count(Op op) const;
 
     Size size() const override { return surface; }
     void fillRect(const Rect& r, const Color& c) override;
