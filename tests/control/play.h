@@ -8,10 +8,8 @@
 
 #include <cstdlib>
 
+// Plays the controller as the host does: ticks, presses and releases, and redraws.
 namespace apsis::play {
-
-// Plays the controller as the host does: ticks, presses and releases, and the sizing that starts
-// every redraw.
 
 // Makes the random layouts of the levels the same at every run.
 inline void seed(unsigned seed) {
@@ -37,25 +35,19 @@ inline void press(Controller& c, unsigned short key) {
     c.keyUp(key);
 }
 
-// The start of a redraw on a view of the given size: the camera learns the view's shape, from
-// which the followed-body rule takes its reach. A square view whose side is a power of two makes
-// viewScaleH exactly viewScale.
-inline void redraw(Controller& c, float width = 512.0f, float height = 512.0f) {
-    RecordingCanvas canvas({width, height});
+// A redraw on the canvas, which the camera takes its view's shape from.
+inline void redraw(Controller& c, RecordingCanvas& canvas) {
+    canvas.clear();
     CanvasFocus focus(canvas);
-    c.drawView.initSizes();
+    c.drawRect();
 }
 
-// From a level's briefing into its flight, the world still stopped.
-inline void toFlight(Controller& c, int level) {
+// From a level's briefing into its flight, the world stopped or, with running, started.
+inline void toFlight(Controller& c, int level, bool running = false) {
     c.startLevel(level);
     press(c, kKeySpace);
-}
-
-// Into flight with the world running.
-inline void toRunningFlight(Controller& c, int level) {
-    toFlight(c, level);
-    press(c, kKeySpace);
+    if (running)
+        press(c, kKeySpace);
 }
 
 } // namespace apsis::play
