@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -126,6 +127,41 @@ TEST(Art, TheFrameShownForAHeadingPointsTheShipsNoseThatWay) {
 
 // The set-up screen counts an empty piece after a final line feed as a line: eight names, no
 // more, each short enough for the panel (27 characters of 18-point Courier).
+// Band k of the menu (k = 1 to 4 from the top) spans the middle three fifths of the width and the
+// (k + 1)-th eighth of the height; its picture shows the menu there with the entry lit, so its
+// edges match the menu and its middle does not.
+TEST(Art, EachHighlightedEntryCoversItsMenuBandExactly) {
+    const QImage menu = picture("menu.jpg");
+    ASSERT_FALSE(menu.isNull());
+    const char* bands[] = {"menuAbout.jpg", "menuInstructions.jpg", "menuPractice.jpg",
+                           "menuNew.jpg"};
+    for (int k = 1; k <= 4; ++k) {
+        SCOPED_TRACE(k);
+        const QImage band = picture(bands[k - 1]);
+        ASSERT_EQ(band.width() * 5, menu.width() * 3);
+        ASSERT_EQ(band.height() * 8, menu.height());
+        const QImage under =
+            menu.copy(menu.width() / 5, (k + 1) * menu.height() / 8, band.width(), band.height());
+        double difference[2] = {0, 0}; // the ring of outer pixels, the inside
+        int count[2] = {0, 0};
+        for (int y = 0; y < band.height(); ++y) {
+            for (int x = 0; x < band.width(); ++x) {
+                const QRgb a = band.pixel(x, y);
+                const QRgb b = under.pixel(x, y);
+                const bool inside =
+                    x >= 6 && y >= 6 && x < band.width() - 6 && y < band.height() - 6;
+                difference[inside] +=
+                    (std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) +
+                     std::abs(qBlue(a) - qBlue(b))) /
+                    3.0;
+                ++count[inside];
+            }
+        }
+        EXPECT_LT(difference[0] / count[0], 2.5) << "the band's edges must match the menu";
+        EXPECT_GT(difference[1] / count[1], 10.0) << "the entry must show highlighted";
+    }
+}
+
 TEST(Art, LevelListNamesEightLevelsThatFitThePanel) {
     const auto text = loader().loadText("levels", "txt");
     ASSERT_TRUE(text);

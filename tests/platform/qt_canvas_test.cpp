@@ -249,5 +249,37 @@ TEST_F(QtCanvasTest, ABackgroundFillsTheMeasuredBoxAndBoxedTextRunsDownFromTheTo
     EXPECT_GT(drawn.bottom, 40); // two lines reach nowhere near its bottom
 }
 
+// On a double-density screen a point is two pixels: shapes, pictures and text keep their size in
+// points and gain detail, and a picture kept scaled looks as one scaled afresh.
+TEST(QtCanvasHiDpi, APointIsTwoPixelsOnADoubleDensitySurface) {
+    QImage sheet(32, 32, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < 32; ++y)
+        for (int x = 0; x < 32; ++x)
+            sheet.setPixelColor(x, y, QColor(8 * x, 8 * y, 128));
+    const QtPicture picture(sheet);
+    std::vector<QImage> redraws;
+    for (int i = 0; i < 2; ++i) {
+        QImage surface(400, 200, QImage::Format_RGB32);
+        surface.setDevicePixelRatio(2.0);
+        surface.fill(Qt::black);
+        QPainter painter(&surface);
+        QtCanvas canvas(painter);
+        EXPECT_EQ(canvas.size(), (Size{200, 100}));
+        canvas.fillRect({0, 0, 10, 10}, colors::red);
+        canvas.drawPicture(&picture, {0, 0, 32, 32}, {50, 20, 60, 60}, 1.0);
+        painter.end();
+        redraws.push_back(surface);
+    }
+    // The square of 10 points is 20 pixels at the bottom-left.
+    EXPECT_EQ(redraws[0].pixelColor(19, 199 - 19), QColor(Qt::red));
+    EXPECT_EQ(redraws[0].pixelColor(20, 199), QColor(Qt::black));
+    // The picture of 60 points covers 120 pixels.
+    EXPECT_EQ(redraws[0].pixelColor(99, 199 - 39), QColor(Qt::black));
+    EXPECT_NE(redraws[0].pixelColor(101, 199 - 41), QColor(Qt::black));
+    EXPECT_NE(redraws[0].pixelColor(218, 199 - 158), QColor(Qt::black));
+    EXPECT_EQ(redraws[0].pixelColor(221, 199 - 161), QColor(Qt::black));
+    EXPECT_EQ(redraws[0], redraws[1]);
+}
+
 } // namespace
 } // namespace apsis
