@@ -141,34 +141,23 @@ TEST(Objectives, TouchingTheSatelliteOrTheStationByLevel) {
     }
 }
 
+// Only the body's own radius counts, and the asteroid, taking no part in level 1, is still solid.
 TEST(Objectives, BodiesCrashTheCraftByTheirOwnRadiusAlone) {
-    struct Case {
-        Stellar Game::*body;
-        double beyondRadius; // m between the craft's centre and the body's surface
-        MODE expected;
-    };
-    const Case cases[] = {
-        {&Game::earth, 1.0, MODE_PLAY}, // the craft's own radius overlaps, and does not count
-        {&Game::earth, -1.0, MODE_COLLISION_FADE},
-        {&Game::moon, -1.0, MODE_COLLISION_FADE},
-        {&Game::venus, -1.0, MODE_COLLISION_FADE},
-        {&Game::mars, -1.0, MODE_COLLISION_FADE},
-        {&Game::jupiter, -1.0, MODE_COLLISION_FADE},
-        {&Game::sun, -1.0, MODE_COLLISION_FADE},
-        {&Game::asteroid, -1.0, MODE_COLLISION_FADE}, // taking no part in level 1, yet solid
-        {&Game::asteroid, 1.0, MODE_PLAY},
-    };
-    for (const Case& k : cases) {
-        play::seed(35);
-        Controller c;
-        play::toFlight(c, 1, true);
-        Stellar& body = c.game.*k.body;
-        if (k.body == &Game::sun) // the Sun stays at the origin
-            c.game.player.pos = Position(body.cRadius + k.beyondRadius, 0.0, 0.0, 0.0);
-        else
-            placeBeside(c.game, body, body.cRadius + k.beyondRadius);
-        c.checkObjectives();
-        EXPECT_EQ(c.mode, k.expected) << body.name << " " << k.beyondRadius;
+    for (Stellar Game::*member : {&Game::earth, &Game::moon, &Game::venus, &Game::mars,
+                                  &Game::jupiter, &Game::sun, &Game::asteroid}) {
+        for (const double beyondRadius : {-1.0, 1.0}) {
+            play::seed(35);
+            Controller c;
+            play::toFlight(c, 1, true);
+            Stellar& body = c.game.*member;
+            if (member == &Game::sun) // the Sun stays at the origin
+                c.game.player.pos = Position(body.cRadius + beyondRadius, 0.0, 0.0, 0.0);
+            else
+                placeBeside(c.game, body, body.cRadius + beyondRadius);
+            c.checkObjectives();
+            EXPECT_EQ(c.mode, beyondRadius < 0 ? MODE_COLLISION_FADE : MODE_PLAY)
+                << body.name << " " << beyondRadius;
+        }
     }
 }
 
