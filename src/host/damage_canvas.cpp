@@ -1,5 +1,7 @@
 #include "host/damage_canvas.h"
 
+#include "platform/qt_convert.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -8,12 +10,6 @@
 
 namespace apsis {
 namespace {
-
-// How far ink may reach beyond the geometry it was drawn from, points: antialiased edges, the
-// mitre of a stroke's sharp turn, letters overhanging their measured box.
-constexpr double kEdgeReach = 2.0;
-constexpr double kStrokeReach = 16.0;
-constexpr double kTextReach = 8.0;
 
 // A fingerprint of a primitive and its arguments (FNV-1a over their bytes).
 class Signature {
@@ -128,8 +124,7 @@ void DamageCanvas::drawPicture(const Picture* picture, const Rect& source, const
 }
 
 Size DamageCanvas::measureText(const std::string& text, const TextStyle& style) {
-    const QSizeF box = faces_.face(style.family, style.size).boxOf(linesOf(text));
-    return {static_cast<float>(box.width()), static_cast<float>(box.height())};
+    return faces_.measure(text, style);
 }
 
 void DamageCanvas::drawText(const std::string& text, Point at, const TextStyle& style) {

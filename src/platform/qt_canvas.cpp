@@ -16,8 +16,6 @@
 namespace apsis {
 namespace {
 
-// How far a stroke's ink reaches beyond its path: half the line, and the mitre of a sharp turn.
-constexpr double kStrokeReach = 16.0;
 // Geometry that stays within this distance of the surface goes to Qt as it is; anything larger
 // is cut to a window this much larger than the surface first, far enough out that no cut end and
 // no mitre at the window's edge can show.

@@ -4,16 +4,9 @@
 #include <cmath>
 
 namespace apsis {
-namespace {
-
-// How far beyond the surface text ink may stand outside its measured box (overhanging letters).
-constexpr double kTextReach = 8.0;
-
-} // namespace
 
 Size QtCanvas::measureText(const std::string& text, const TextStyle& style) {
-    const QSizeF box = faces_.face(style.family, style.size).boxOf(linesOf(text));
-    return {static_cast<float>(box.width()), static_cast<float>(box.height())};
+    return faces_.measure(text, style);
 }
 
 void QtCanvas::drawText(const std::string& text, Point at, const TextStyle& style) {

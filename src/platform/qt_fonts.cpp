@@ -117,4 +117,9 @@ const Face& FaceCache::face(FontFamily family, float size) {
     return faces.back().face;
 }
 
+Size FaceCache::measure(const std::string& text, const TextStyle& style) {
+    const QSizeF box = face(style.family, style.size).boxOf(linesOf(text));
+    return {static_cast<float>(box.width()), static_cast<float>(box.height())};
+}
+
 } // namespace apsis

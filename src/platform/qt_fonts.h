@@ -50,6 +50,9 @@ class FaceCache {
   public:
     explicit FaceCache(const QPaintDevice* device) : device_(device) {}
     const Face& face(FontFamily family, float size);
+    // The box a game text takes in its style: what the canvas draws, and what the view's
+    // note-taking pass expects it to cover.
+    Size measure(const std::string& text, const TextStyle& style);
 
   private:
     const QPaintDevice* device_;
