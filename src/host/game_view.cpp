@@ -24,6 +24,7 @@ GameView::GameView(QWidget* parent)
               ctrl_->keyUp(key);
               wholeView_ = true;
           }),
+      // The schedule counts from the moment clock_ starts, below.
       frameClock_(0) {
     setFocusPolicy(Qt::StrongFocus);
     // Every paint covers the whole view with black first, so Qt need not clear it.
@@ -32,7 +33,6 @@ GameView::GameView(QWidget* parent)
     setMinimumSize(640, 480);
 
     clock_.start();
-    frameClock_ = FrameClock(clock_.nsecsElapsed());
     timer_.setTimerType(Qt::PreciseTimer);
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &GameView::doFrame);
