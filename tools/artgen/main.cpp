@@ -1,6 +1,7 @@
 // Draws every picture of the game into the folder named on the command line: the ten sprite
-// sheets and the eight screens; and, when a second path is given, the launcher's icon there. The
-// same program always writes the same bytes.
+// sheets and the eight screens; and, when an icon folder and name are given, the launcher's icon in
+// every size, as <icon folder>/<N>x<N>/apps/<name>.png, the layout of an icon theme. The same
+// program always writes the same bytes.
 
 #include "bodies.h"
 #include "craft.h"
@@ -50,8 +51,8 @@ bool saveJpeg(const QImage& image, const std::filesystem::path& path) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2 && argc != 3) {
-        std::fprintf(stderr, "usage: %s <resource folder> [<icon file>]\n", argv[0]);
+    if (argc != 2 && argc != 4) {
+        std::fprintf(stderr, "usage: %s <resource folder> [<icon folder> <icon name>]\n", argv[0]);
         return 2;
     }
     // Text is drawn without a display.
@@ -81,9 +82,14 @@ int main(int argc, char** argv) {
         const auto path = folder / (screen.name + ".jpg");
         report(saveJpeg(screen.image, path), path);
     }
-    if (argc == 3) {
-        const std::filesystem::path icon = argv[2];
-        report(drawIcon(256).save(QString::fromStdString(icon.string()), "PNG"), icon);
+    if (argc == 4) {
+        for (const int size : kIconSizes) {
+            const std::string square = std::to_string(size) + "x" + std::to_string(size);
+            const auto apps = std::filesystem::path(argv[2]) / square / "apps";
+            std::filesystem::create_directories(apps, error);
+            const auto icon = apps / (std::string(argv[3]) + ".png");
+            report(drawIcon(size).save(QString::fromStdString(icon.string()), "PNG"), icon);
+        }
     }
     return ok ? 0 : 1;
 }
