@@ -10,7 +10,7 @@
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName("Apsis");
-    QApplication::setDesktopFileName("apsis");
+    QApplication::setDesktopFileName("io.github.apsis.Apsis");
 
     const auto folder = apsis::findResourceFolder(apsis::executableFolder());
     if (folder.empty()) {

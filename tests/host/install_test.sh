@@ -9,7 +9,13 @@ trap 'rm -rf "$prefix"' EXIT
 
 cmake --install "$build" --prefix "$prefix" >/dev/null
 missing=0
-for file in bin/apsis share/applications/apsis.desktop share/icons/hicolor/256x256/apps/apsis.png \
+id=io.github.apsis.Apsis
+icons=()
+for size in 16 22 24 32 48 64 128 256 512; do
+    icons+=("share/icons/hicolor/${size}x$size/apps/$id.png")
+done
+for file in bin/apsis share/applications/$id.desktop share/metainfo/$id.metainfo.xml "${icons[@]}" \
+    share/man/man6/apsis.6.gz share/doc/apsis/{copyright,changelog.gz} \
     share/apsis/levels.txt share/apsis/level{0,1,2,3,4,5,6,7,8}.txt \
     share/apsis/{sun,venus,earth,moon,mars,jupiter,asteroid}.jpg \
     share/apsis/{satellite,station,ship}.gif \
