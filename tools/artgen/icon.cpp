@@ -4,11 +4,13 @@
 #include "craft.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QPainter>
 #include <QPainterPath>
 #include <QRadialGradient>
 #include <QTransform>
+#include <QtMath>
 
 namespace apsis::artgen {
 
@@ -46,15 +48,19 @@ void drawPlainPlanet(QPainter& painter, QPointF centre, double radius, double px
     painter.drawEllipse(disc.adjusted(px / 2, px / 2, -px / 2, -px / 2));
 }
 
-// The craft in plain shapes, pointing up: a pale arrowhead with a dark edge and a flame behind.
+// The craft in plain shapes, pointing up: a pale arrowhead with a dark edge, and a flame behind
+// when there are pixels enough to show it. The edge is thinner than a pixel on the smallest
+// icons, where a whole one would swallow the arrowhead.
 void drawPlainCraft(QPainter& painter, double size, double px) {
     const double h = size / 2;
-    QPainterPath flame;
-    flame.moveTo(-0.16 * h, 0.35 * h);
-    flame.lineTo(0.0, 0.95 * h);
-    flame.lineTo(0.16 * h, 0.35 * h);
-    flame.closeSubpath();
-    painter.fillPath(flame, QColor(255, 170, 40));
+    if (size >= 10 * px) {
+        QPainterPath flame;
+        flame.moveTo(-0.16 * h, 0.35 * h);
+        flame.lineTo(0.0, 0.95 * h);
+        flame.lineTo(0.16 * h, 0.35 * h);
+        flame.closeSubpath();
+        painter.fillPath(flame, QColor(255, 170, 40));
+    }
 
     QPainterPath hull;
     hull.moveTo(0.0, -h);
@@ -62,7 +68,8 @@ void drawPlainCraft(QPainter& painter, double size, double px) {
     hull.lineTo(0.0, 0.35 * h);
     hull.lineTo(-0.62 * h, 0.7 * h);
     hull.closeSubpath();
-    painter.setPen(QPen(QColor(20, 24, 36), px, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    const double edge = size < 10 * px ? 0.6 * px : px;
+    painter.setPen(QPen(QColor(20, 24, 36), edge, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.setBrush(QColor(240, 242, 248));
     painter.drawPath(hull);
 }
@@ -70,24 +77,27 @@ void drawPlainCraft(QPainter& painter, double size, double px) {
 } // namespace
 
 // How the icon is laid out at one size, in fractions of its side: where the planet stands, the
-// orbit's half-axes, the planet's and the craft's sizes, and which of them are plain shapes.
+// orbit's half-axes, the planet's and the craft's sizes, how far round the orbit the craft is (in
+// degrees from the orbit's right end, on the near side), and which of them are plain shapes.
 struct Layout {
     QPointF centre;
     double across;
     double deep;
     double planet;
     double craft;
+    double along;
     bool plainPlanet;
     bool plainCraft;
 };
 
 Layout layoutFor(int size) {
-    // The smallest icons give the craft room in the lower left: the planet moves up and right.
+    // The smallest icons give the craft room of its own in the lower left: the planet moves up
+    // and right, and the craft clear of it.
     if (size < kSmallIcon)
-        return {{0.54, 0.44}, 0.44, 0.16, 0.52, 0.44, true, true};
+        return {{0.60, 0.40}, 0.38, 0.15, 0.50, 0.50, 185.0, true, true};
     if (size < 64)
-        return {{0.5, 0.5}, 0.47, 0.17, 0.62, 0.36, false, true};
-    return {{0.5, 0.5}, 0.47, 0.17, 0.62, size < 128 ? 0.34 : 0.30, false, false};
+        return {{0.5, 0.5}, 0.47, 0.17, 0.62, 0.36, 130.0, false, true};
+    return {{0.5, 0.5}, 0.47, 0.17, 0.62, size < 128 ? 0.34 : 0.30, 130.0, false, false};
 }
 
 QImage drawIcon(int size) {
@@ -132,10 +142,15 @@ QImage drawIcon(int size) {
     }
     strokeHalf(centre.y());
 
-    // The craft on the near side of the orbit, nose along its way.
+    // The craft on the near side of the orbit, nose along its way: across in front of the planet.
     const double craft = s * layout.craft;
-    painter.translate(tilt.map(QPointF(-0.638 * s * layout.across, 0.765 * s * layout.deep)));
-    painter.rotate(75.0);
+    const double along = qDegreesToRadians(layout.along);
+    const QPointF place(std::cos(along) * s * layout.across, std::sin(along) * s * layout.deep);
+    const QPointF way =
+        tilt.map(QPointF(std::sin(along) * layout.across, -std::cos(along) * layout.deep)) -
+        tilt.map(QPointF(0, 0));
+    painter.translate(tilt.map(place));
+    painter.rotate(qRadiansToDegrees(std::atan2(way.x(), -way.y())));
     if (layout.plainCraft) {
         drawPlainCraft(painter, craft, px);
     } else {
