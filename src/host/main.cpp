@@ -4,8 +4,8 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include <QApplication>
@@ -41,17 +41,15 @@ void holdStartupMessage(QtMsgType type, const QMessageLogContext&, const QString
 } // namespace
 
 int main(int argc, char** argv) {
-    for (int i = 1; i < argc; ++i) {
-        if (std::strcmp(argv[i], "--help") == 0) {
-            std::fputs(kUsage, stdout);
+    if (argc > 1) {
+        const std::string_view option = argv[1];
+        const bool known = option == "--help" || option == "--version";
+        if (known && argc == 2) {
+            std::fputs(option == "--help" ? kUsage : "Apsis " APSIS_VERSION "\n", stdout);
             return 0;
         }
-        if (std::strcmp(argv[i], "--version") == 0) {
-            std::puts("Apsis " APSIS_VERSION);
-            return 0;
-        }
-        std::fprintf(stderr, "apsis: unknown argument '%s' (apsis --help lists the options)\n",
-                     argv[i]);
+        std::fprintf(stderr, "apsis: unexpected argument '%s' (apsis --help lists the options)\n",
+                     argv[known ? 2 : 1]);
         return 2;
     }
 
