@@ -60,13 +60,15 @@ int main(int argc, char** argv) {
         qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
 
     // Qt sees no argument of ours: none of its own options (-platform, -stylesheet, ...) applies.
-    int qtArgc = 1;
-    char* qtArgv[] = {argv[0], nullptr};
+    // It keeps both for as long as the application lives, which is to the very end.
+    static int qtArgc = 1;
+    static char* qtArgv[] = {argv[0], nullptr};
     const QtMessageHandler defaultHandler = qInstallMessageHandler(holdStartupMessage);
-    // The application is never destroyed: its platform's teardown reloads the whole font
-    // configuration only to drop it (most of a second), and the process ends right after anyway.
+    // The application is never destroyed: its platform's teardown reads the whole font
+    // configuration again only to drop it, which can take most of a second, and the process ends
+    // right after anyway.
     // What the game itself built, the window and everything in it, is destroyed as usual.
-    auto& app = *new QApplication(qtArgc, qtArgv);
+    static auto* const app = new QApplication(qtArgc, qtArgv);
     qInstallMessageHandler(defaultHandler);
     for (const auto& [type, message] : startupMessages)
         defaultHandler(type, QMessageLogContext(), message);
@@ -88,7 +90,7 @@ int main(int argc, char** argv) {
 
     auto window = std::make_unique<apsis::MainWindow>();
     window->show();
-    const int status = app.exec();
+    const int status = app->exec();
     window.reset();
     return status;
 }
