@@ -48,7 +48,6 @@ TEST(GameKeyCode, MapsWhatTheGameKnowsAndNothingElse) {
         {0x42f, QString(QChar(0x44f)), Qt::ShiftModifier, 52, 90}, // ... Z with Shift
         {0x41e, QString(QChar(0x43e)), Qt::NoModifier, 47, 0x43e}, // no US letter there: as typed
         {Qt::Key_A, "a", Qt::NoModifier, 24, 97}, // AZERTY: a Latin letter is kept as typed
-        {Qt::Key_Eacute, "\u00e9", Qt::NoModifier, 11, 0xe9},
         {Qt::Key_Tab, "\t", Qt::NoModifier, 23, 9},
         {Qt::Key_Escape, "\x1b", Qt::NoModifier, 9, 27},
         {Qt::Key_Space, " ", Qt::NoModifier, 65, 32},
