@@ -37,12 +37,18 @@ GameView::GameView(QWidget* parent)
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &GameView::doFrame);
     timer_.start(frameClock_.firstWait());
+
+    // An automatic repeat's press follows its release at once; a player's own press of the same
+    // key comes tens of milliseconds later at the earliest.
+    releaseTimer_.setTimerType(Qt::PreciseTimer);
+    releaseTimer_.setSingleShot(true);
+    releaseTimer_.setInterval(20);
+    connect(&releaseTimer_, &QTimer::timeout, this, [this] { keys_.flush(); });
 }
 
 GameView::~GameView() = default;
 
 void GameView::doFrame() {
-    ++ticks_;
     ctrl_->doFrame();
     if (ctrl_->needsRedraw) {
         requestRedraw();
@@ -84,6 +90,8 @@ void GameView::keyPressEvent(QKeyEvent* event) {
 void GameView::keyReleaseEvent(QKeyEvent* event) {
     if (!keys_.release(*event))
         QWidget::keyReleaseEvent(event);
+    if (keys_.hasPendingRelease())
+        releaseTimer_.start();
 }
 
 void GameView::resizeEvent(QResizeEvent* event) {

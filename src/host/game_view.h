@@ -26,8 +26,6 @@ class GameView : public QWidget {
     ~GameView() override;
 
     Controller& controller() { return *ctrl_; }
-    // Ticks so far; the host's own count, for tests and measurements.
-    long long ticks() const { return ticks_; }
 
   public slots:
     // One frame tick: the Controller steps, and the view is marked for redrawing if it asks.
@@ -53,7 +51,7 @@ class GameView : public QWidget {
     QElapsedTimer clock_;
     FrameClock frameClock_;
     QTimer timer_;
-    long long ticks_ = 0;
+    QTimer releaseTimer_; // passes on a key release that no automatic repeat took back
     std::vector<DamageCanvas::Mark> lastFrame_; // what the frame now on screen draws
     bool wholeView_ = true;                     // the next redraw must cover the whole view
 };

@@ -2,6 +2,8 @@
 
 #include "control/keys.h"
 
+#include <string_view>
+
 #include <QKeyEvent>
 
 namespace apsis {
@@ -11,6 +13,22 @@ namespace {
 int physicalKey(const QKeyEvent& event) {
     const auto scanCode = event.nativeScanCode();
     return scanCode != 0 ? static_cast<int>(scanCode) : -event.key();
+}
+
+// The letter a key carries on a US keyboard, by the scan code X11 and Wayland give for a PC
+// keyboard's letter rows (the kernel's key number plus 8); 0 for any other key.
+char16_t usLetter(quint32 scanCode) {
+    struct Row {
+        quint32 first;
+        const char* letters;
+    };
+    static constexpr Row rows[] = {{24, "qwertyuiop"}, {38, "asdfghjkl"}, {52, "zxcvbnm"}};
+    for (const Row& row : rows) {
+        const std::string_view letters(row.letters);
+        if (scanCode >= row.first && scanCode < row.first + letters.size())
+            return static_cast<char16_t>(letters[scanCode - row.first]);
+    }
+    return 0;
 }
 
 } // namespace
@@ -34,16 +52,31 @@ std::optional<unsigned short> gameKeyCode(const QKeyEvent& event) {
     const QString text = event.text();
     if (text.isEmpty())
         return std::nullopt;
-    return text.at(0).unicode();
+    QChar code = text.at(0);
+    if (!code.isLetter())
+        return code.unicode();
+    if (code.script() != QChar::Script_Latin) {
+        if (const char16_t letter = usLetter(event.nativeScanCode()))
+            code = QChar(letter);
+    }
+    // Caps Lock is a modifier like any other: only Shift makes a capital.
+    return (event.modifiers() & Qt::ShiftModifier ? code.toUpper() : code.toLower()).unicode();
 }
 
 bool KeyRelay::press(const QKeyEvent& event) {
+    const int key = physicalKey(event);
+    if (pending_ && pending_->key == key &&
+        (event.isAutoRepeat() || pending_->timestamp == event.timestamp())) {
+        // The release kept back and this press are one automatic repeat: the key is still held.
+        pending_.reset();
+        return true;
+    }
+    flush();
     if (event.isAutoRepeat())
         return true;
     const auto code = gameKeyCode(event);
     if (!code)
         return false;
-    const int key = physicalKey(event);
     if (const auto found = held_.find(key); found != held_.end()) {
         // A second press without a release in between (the release went to another window):
         // release the first before pressing again.
@@ -57,16 +90,28 @@ bool KeyRelay::press(const QKeyEvent& event) {
 bool KeyRelay::release(const QKeyEvent& event) {
     if (event.isAutoRepeat())
         return true;
-    const auto found = held_.find(physicalKey(event));
-    if (found == held_.end())
+    const int key = physicalKey(event);
+    if (!held_.contains(key))
         return false;
-    const unsigned short code = found->second;
-    held_.erase(found);
-    keyUp_(code);
+    flush();
+    pending_ = Release{key, event.timestamp()};
     return true;
 }
 
+void KeyRelay::flush() {
+    if (!pending_)
+        return;
+    const auto found = held_.find(pending_->key);
+    pending_.reset();
+    if (found == held_.end())
+        return;
+    const unsigned short code = found->second;
+    held_.erase(found);
+    keyUp_(code);
+}
+
 void KeyRelay::releaseAll() {
+    pending_.reset();
     auto held = std::move(held_);
     held_.clear();
     for (const auto& [key, code] : held)
