@@ -39,8 +39,4 @@ struct Game {
     void setLevel(int level);
 };
 
-// The factor by which a difficulty scales the craft's engine, the square of its tank, and the
-// time limit: 1.25 for Easy, 1.0 for Medium and anything unknown, 0.8 for Hard.
-double difficultyFactor(int difficulty);
-
 } // namespace apsis

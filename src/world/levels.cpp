@@ -74,6 +74,19 @@ void incomingAsteroid(Game& g) {
     g.player.putInOrbitAround(g.earth, kGeostationary, b);
 }
 
+// The factor by which a difficulty scales the craft's engine, the square of its tank, and the
+// time limit: 1.25 for Easy, 1.0 for Medium and anything unknown, 0.8 for Hard.
+double difficultyFactor(int difficulty) {
+    switch (difficulty) {
+    case 1:
+        return 1.25;
+    case 3:
+        return 0.8;
+    default:
+        return 1.0;
+    }
+}
+
 } // namespace
 
 // The levels about Earth open on Earth, wide enough for the craft's orbit; levels 7 and 8 open
@@ -127,17 +140,6 @@ const std::array<Level, kLevelCount> kLevels{{
 
 const Level& levelAt(int n) {
     return kLevels[static_cast<std::size_t>(std::clamp(n, 0, kLevelCount - 1))];
-}
-
-double difficultyFactor(int difficulty) {
-    switch (difficulty) {
-    case 1:
-        return 1.25;
-    case 3:
-        return 0.8;
-    default:
-        return 1.0;
-    }
 }
 
 void Game::setLevel(int n) {

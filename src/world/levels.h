@@ -56,13 +56,4 @@ extern const std::array<Level, kLevelCount> kLevels;
 // The row of level n; a number outside the table is taken as the nearest level.
 const Level& levelAt(int n);
 
-// The body to dock with in a level, or none.
-inline Stellar Game::*dockTarget(const Level& level) {
-    if (level.satelliteTouch == Touch::Dock)
-        return &Game::satellite;
-    if (level.stationTouch == Touch::Dock)
-        return &Game::station;
-    return nullptr;
-}
-
 } // namespace apsis
