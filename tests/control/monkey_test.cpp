@@ -108,8 +108,10 @@ struct Monkey {
         case 0: // the goal
             if (row.passAsteroidFirst && !c.isPartialObjectiveDone)
                 ship = g.asteroid.pos;
-            else if (Stellar Game::*target = dockTarget(row))
-                ship = (g.*target).pos;
+            else if (row.satelliteTouch == Touch::Dock)
+                ship = g.satellite.pos;
+            else if (row.stationTouch == Touch::Dock)
+                ship = g.station.pos;
             else if (row.zoneBody != nullptr)
                 g.player.putInOrbitAround(g.*row.zoneBody, row.zoneInner > 0
                                                                ? (row.zoneInner + row.zoneOuter) / 2

@@ -112,9 +112,8 @@ TEST(BodyRendering, SkipsSymbolsThatCannotReachTheView) {
         bool label;       // up to 200
     };
     const Case cases[] = {
-        {-24, 300, true, true},    {-26, 300, false, true},    {824, 300, true, true},
-        {826, 300, false, true},   {400, -26, false, true},    {400, 626, false, true},
-        {-1e8, 300, false, false}, {1e11, 1e11, false, false},
+        {-24, 300, true, true},  {-26, 300, false, true},   {826, 300, false, true},
+        {400, 626, false, true}, {-1e8, 300, false, false},
     };
     for (const Case& c : cases) {
         BodyScene s(1e12);
@@ -141,9 +140,7 @@ TEST(BodyRendering, CutsAHugePictureToTheViewAndKeepsItsPixelsInPlace) {
     };
     const Case cases[] = {
         {200.0, 0.0, 6.38e6 + 50, kHalfPi, true}, // 50 m above the surface, 200 m across
-        {200.0, -3e6, 2e6, 1.234, true},          // inside the disc, off its centre
         {5e4, 6.3e6, 0.0, 0.3, true},             // near the right limb: cut on one side
-        {1.0, 1e5, -4e6, 4.0, false},             // a metre across
         {1e-3, 0.0, 0.0, 2.0, false},             // a millimetre across
         {2e7, 0.0, 0.0, 0.0, true},               // 500 points across: whole, as it is
     };
