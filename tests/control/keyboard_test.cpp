@@ -17,9 +17,9 @@ TEST(Keyboard, ArrowsCycleTheMenuTheLevelAndTheDifficulty) {
         int after;
     };
     const Case cases[] = {
-        {Menu, 4, kKeyDown, 1},        {Menu, 4, kKeyRight, 1},      {Menu, 1, kKeyLeft, 4},
-        {Menu, 3, kKeyUp, 2},          {Level, 8, kKeyDown, 1},      {Level, 1, kKeyUp, 8},
-        {Difficulty, 3, kKeyRight, 1}, {Difficulty, 2, kKeyLeft, 1},
+        {Menu, 4, kKeyDown, 1}, {Menu, 4, kKeyRight, 1},       {Menu, 1, kKeyLeft, 4},
+        {Menu, 3, kKeyUp, 2},   {Level, 8, kKeyDown, 1},       {Level, 7, kKeyDown, 8},
+        {Level, 1, kKeyUp, 8},  {Difficulty, 3, kKeyRight, 1}, {Difficulty, 2, kKeyLeft, 1},
     };
     for (const Case& k : cases) {
         Controller c;

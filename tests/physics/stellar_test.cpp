@@ -1,6 +1,5 @@
 #include "physics/numeric.h"
 #include "physics/stellar.h"
-#include "support/fake_resources.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -86,19 +85,6 @@ TEST(Stellar, FrameFollowsTheFacingClockwiseFromUp) {
     for (const Case& c : cases)
         EXPECT_EQ(frameForAngle(c.angle, c.spritesWide), c.frame)
             << c.angle << " on " << c.spritesWide;
-}
-
-TEST(Stellar, ImageRectAndCopiesShareThePicture) {
-    ScopedFakeResources fake;
-    fake->addPicture("earth.jpg", 512.0f, 512.0f);
-    Stellar earth("Earth", 1.0, 1.0, 1.0, "earth.jpg", 8);
-    earth.pos.angle = kPi; // facing -x: frame 48, the first of the bottom row but one
-    EXPECT_EQ(earth.getImageRect(), (Rect{0.0f, 64.0f, 64.0f, 64.0f}));
-    Stellar center = bodyAt(0.0, 0.0, 1.0e20);
-    earth.mainInfluence = &center;
-    const Stellar copy = earth;
-    EXPECT_EQ(copy.mainInfluence, &center);
-    EXPECT_EQ(copy.img.img, earth.img.img);
 }
 
 } // namespace
