@@ -94,7 +94,6 @@ TEST(BodyRendering, SymbolsLabelsAndArrows) {
         // Then the blue name, for dots only; then the green shape, the nose along the heading.
         if (k.labelY != 0) {
             EXPECT_EQ(drawn[1]->at, (Point{482.5f, k.labelY})) << k.style;
-            EXPECT_EQ(drawn[1]->style, (TextStyle{FontFamily::Label, 12.0f, colors::blue}));
         }
         const auto* shape = drawn.back();
         EXPECT_EQ(shape->color, colors::green);
