@@ -53,10 +53,10 @@ struct Monkey {
 
     int pick(int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); }
 
-    void check(const char* after) {
+    void check() {
         if (failure.empty() && !sane(c))
-            failure = std::string("broken after ") + after + " at tick " + std::to_string(ticks) +
-                      ", mode " + std::to_string(c.mode) + ", level " + std::to_string(c.level);
+            failure = "broken at tick " + std::to_string(ticks) + ", mode " +
+                      std::to_string(c.mode) + ", level " + std::to_string(c.level);
     }
 
     void play(long budget) {
@@ -74,7 +74,7 @@ struct Monkey {
                 keeper();
             else
                 canvas.surface = kSurfaces[static_cast<std::size_t>(pick(0, 3))];
-            check("an event");
+            check();
         }
     }
 
@@ -87,7 +87,7 @@ struct Monkey {
                 levelsFlown.set(static_cast<std::size_t>(c.level));
             files->requests.clear();
             play::redraw(c, canvas);
-            check("a tick");
+            check();
         }
     }
 
