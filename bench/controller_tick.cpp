@@ -1,9 +1,8 @@
 #include "control/controller.h"
 #include "control/keys.h"
-#include "physics/numeric.h"
+#include "control/seeded_flight.h"
 
 #include <benchmark/benchmark.h>
-#include <cstdlib>
 
 namespace {
 
@@ -13,13 +12,9 @@ using apsis::Controller;
 // burning and the craft turning: the world step as BM_WorldStep measures it, plus the held keys,
 // the choice of the followed body, the camera and the objective rules.
 void BM_ControllerTick(benchmark::State& state) {
-    apsis::randSeedSet = true;
-    std::srand(8);
     Controller c;
     const auto fly = [&c] {
-        c.startLevel(8);
-        c.keyDown(apsis::kKeySpace); // into the flight
-        c.keyDown(apsis::kKeySpace); // the world starts
+        apsis::flySeeded(c, 8, 8);
         c.keyDown(apsis::kKeyUp);
         c.keyDown(apsis::kKeyLeft);
     };

@@ -1,11 +1,9 @@
 #include "control/controller.h"
-#include "control/keys.h"
-#include "physics/numeric.h"
+#include "control/seeded_flight.h"
 #include "platform/qt_canvas.h"
 #include "platform/qt_resources.h"
 
 #include <benchmark/benchmark.h>
-#include <cstdlib>
 #include <memory>
 
 #include <QImage>
@@ -27,11 +25,7 @@ void useGameResources() {
 
 // A level in flight with the same layout every time: briefing dismissed, world running.
 void fly(Controller& c, int level, int ticks) {
-    apsis::randSeedSet = true;
-    std::srand(static_cast<unsigned>(level));
-    c.startLevel(level);
-    c.keyDown(apsis::kKeySpace);
-    c.keyDown(apsis::kKeySpace);
+    apsis::flySeeded(c, level, static_cast<unsigned>(level));
     for (int i = 0; i < ticks; ++i)
         c.doFrame();
 }

@@ -4,7 +4,6 @@
 #include <array>
 #include <benchmark/benchmark.h>
 #include <cmath>
-#include <cstdlib>
 
 namespace {
 
@@ -15,8 +14,7 @@ constexpr int kSubSteps = 500;
 
 // Level 8, the level with the most bodies active, with the same layout in both benchmarks.
 void setUpLevel8(Game& game) {
-    apsis::randSeedSet = true;
-    std::srand(8);
+    apsis::seedRandomAngles(8);
     game.setLevel(kLevel);
     game.player.isAccelerating = true;
     game.player.isTurningLeft = true;

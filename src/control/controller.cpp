@@ -1,8 +1,8 @@
 #include "control/controller.h"
 
 #include "physics/numeric.h"
+#include "world/levels.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -30,26 +30,6 @@ constexpr std::array<ModeEntry, 11> kModeEntries{{
     {200, true}, // MODE_LEVEL_COMPLETE
 }};
 
-// How the camera opens a level: the stretch of world across the view and the body it looks at.
-struct Framing {
-    double viewScale;        // m
-    Stellar Game::*followed; // the body the camera starts on
-};
-
-// Indexed by level. The levels about Earth open on Earth, wide enough for the craft's orbit;
-// levels 7 and 8 open close on the station the craft starts beside.
-constexpr std::array<Framing, 9> kFramings{{
-    {E(120, 6), &Game::earth}, // 0: practice
-    {E(120, 6), &Game::earth}, // 1
-    {E(25, 6), &Game::earth},  // 2
-    {E(25, 6), &Game::earth},  // 3
-    {E(25, 6), &Game::earth},  // 4
-    {E(120, 6), &Game::earth}, // 5
-    {E(25, 6), &Game::earth},  // 6
-    {200.0, &Game::station},   // 7
-    {200.0, &Game::station},   // 8
-}};
-
 } // namespace
 
 // The camera starts on Earth, which like every body still sits at the origin; the first level
@@ -67,8 +47,8 @@ void Controller::setMode(MODE m) {
 }
 
 void Controller::startLevel(int n) {
-    // After the last level the menu comes back, and the set-up screen offers level 8 again.
-    if (n > 8) {
+    // After the last level the menu comes back, and the set-up screen offers the last level again.
+    if (n >= kLevelCount) {
         setMode(MODE_MENU);
         return;
     }
@@ -79,9 +59,9 @@ void Controller::startLevel(int n) {
     isCountingDown = false;
     isPartialObjectiveDone = false;
 
-    const Framing& framing = kFramings[static_cast<std::size_t>(std::clamp(n, 0, 8))];
-    drawView.viewScale = framing.viewScale;
-    drawView.viewTarget = game.*framing.followed;
+    const Level& row = levelAt(n);
+    drawView.viewScale = row.viewScale;
+    drawView.viewTarget = game.*row.opensOn;
     // The camera starts on the body instead of gliding in from wherever it was.
     drawView.viewCenter = drawView.viewTarget.pos;
 }

@@ -29,7 +29,7 @@ struct Controller {
     DrawView drawView;
     MODE mode = MODE_INTRO;
     int counter = 10;                    // ticks left in a timed mode
-    int level = 1;                       // level played or offered, 0 to 8; 0 is practice
+    int level = 1;                       // level played or offered (world/levels.h); 0 is practice
     double countDownTime = 0.0;          // s of simulated time still to hold the objective orbit
     bool isCountingDown = false;         // the objective orbit is being held
     bool isPartialObjectiveDone = false; // level 8: the asteroid has been passed
@@ -40,14 +40,14 @@ struct Controller {
     bool isSlowingDown = false;          // a held
     bool isThrottlingUp = false;         // x held
     bool isThrottlingDown = false;       // z held
-    double desiredThrottle = 1.0;        // the throttle asked for; clamped into the craft's
+    double desiredThrottle = 1.0;        // the throttle asked for; may stray past the craft's range
 
     Controller();
     Controller(const Controller&) = delete;
     Controller& operator=(const Controller&) = delete;
 
     void setMode(MODE m);
-    // Sets up level n and shows its briefing; above 8, back to the menu.
+    // Sets up level n and shows its briefing; past the last level, back to the menu.
     void startLevel(int n);
     // One tick.
     void doFrame();

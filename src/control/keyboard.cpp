@@ -1,5 +1,6 @@
 #include "control/controller.h"
 #include "control/keys.h"
+#include "world/levels.h"
 
 namespace apsis {
 namespace {
@@ -64,9 +65,9 @@ void menuKey(Controller& c, unsigned short key) {
 // starts the game. The practice level is not on offer here.
 void choiceKey(Controller& c, unsigned short key) {
     if (key == kKeyDown)
-        c.level = cycle(c.level, +1, 1, 8);
+        c.level = cycle(c.level, +1, 1, kLevelCount - 1);
     else if (key == kKeyUp)
-        c.level = cycle(c.level, -1, 1, 8);
+        c.level = cycle(c.level, -1, 1, kLevelCount - 1);
     else if (key == kKeyLeft)
         c.game.difficulty = cycle(c.game.difficulty, -1, 1, 3);
     else if (key == kKeyRight)

@@ -3,8 +3,9 @@
 namespace apsis {
 
 // The key codes the controller reads: the first UTF-16 unit of the key's text, as typed without
-// modifiers but Shift, and the arrows as the private-use codes that keyboards have always sent for
-// them. An upper-case letter is a different code and matches no command.
+// modifiers but Shift, and the arrows as the private-use codes 0xF700 to 0xF703 (up, down, left,
+// right), which the host translates its arrow keys into. An upper-case letter is a different code
+// and matches no command.
 inline constexpr unsigned short kKeyTab = 9;
 inline constexpr unsigned short kKeyEscape = 27;
 inline constexpr unsigned short kKeySpace = 32;

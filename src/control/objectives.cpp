@@ -1,7 +1,7 @@
 #include "control/controller.h"
+#include "world/levels.h"
 
 #include <cmath>
-#include <limits>
 
 namespace apsis {
 namespace {
@@ -9,37 +9,11 @@ namespace {
 constexpr double kDockingSpeed = 0.1;   // m/s; a touch at this speed or faster is a crash
 constexpr double kAsteroidPass = 250.0; // m from the asteroid's centre
 
-// The orbit to hold in levels 1, 2, 3 and 7: the craft's distance from the body's centre lies
-// strictly between inner and outer for holdTime seconds of simulated time.
-struct Zone {
-    int level;
-    Stellar Game::*body;
-    double inner;    // m
-    double outer;    // m
-    double holdTime; // s
-};
-
-constexpr double kNoInnerEdge = -std::numeric_limits<double>::infinity();
-
-constexpr Zone kZones[] = {
-    {1, &Game::earth, kNoInnerEdge, 9378000.0, 21600.0}, // low orbit, 6 hours
-    {2, &Game::earth, 36380000.0, 46380000.0, 345600.0}, // geostationary band, 4 days
-    {3, &Game::moon, kNoInnerEdge, 3740000.0, 86400.0},  // around the Moon, 1 day
-    {7, &Game::mars, kNoInnerEdge, 3930000.0, 86400.0},  // around Mars, 1 day
-};
-
-const Zone* zoneOf(int level) {
-    for (const Zone& zone : kZones) {
-        if (zone.level == level)
-            return &zone;
-    }
-    return nullptr;
-}
-
 } // namespace
 
 void Controller::checkObjectives() {
     const Player& ship = game.player;
+    const Level& row = levelAt(level);
     const auto distance = [&](const Stellar& body) {
         return std::sqrt(sqDist(ship.pos, body.pos));
     };
@@ -64,28 +38,18 @@ void Controller::checkObjectives() {
     // Every step runs, even after an earlier one has ended the attempt: the last to set the mode
     // decides.
 
-    // 1. Satellite.
-    if (touches(game.satellite)) {
-        if (level == 4 || level == 5)
-            dock(game.satellite);
-        else
+    // 1. Satellite, 2. station: what a touch does is the level's. Before the asteroid pass that
+    // some level asks for first, the station is as harmless as in the level that starts beside it.
+    const auto touch = [&](const Stellar& body, Touch rule) {
+        if (!touches(body) || rule == Touch::Harmless)
+            return;
+        if (rule == Touch::Crash)
             setMode(MODE_COLLISION_FADE);
-    }
-
-    // 2. Station. In level 7 the craft starts beside it; in level 8 it is the goal only once the
-    // asteroid has been passed, and then with no time limit.
-    if (touches(game.station)) {
-        if (level == 7) {
-            // harmless
-        } else if (level == 8) {
-            if (isPartialObjectiveDone)
-                setMode(isGentle(game.station) ? MODE_LEVEL_COMPLETE : MODE_COLLISION_FADE);
-        } else if (level == 6) {
-            dock(game.station);
-        } else {
-            setMode(MODE_COLLISION_FADE);
-        }
-    }
+        else if (!row.passAsteroidFirst || isPartialObjectiveDone)
+            dock(body);
+    };
+    touch(game.satellite, row.satelliteTouch);
+    touch(game.station, row.stationTouch);
 
     // 3. Bodies. Only the body's own radius counts, and a resting asteroid is as hard as a moving
     // one.
@@ -106,11 +70,11 @@ void Controller::checkObjectives() {
     }
 
     // 5. Zone. Each entry starts the count from the full hold time.
-    if (const Zone* zone = zoneOf(level)) {
-        const double d = distance(game.*zone->body);
-        if (d > zone->inner && d < zone->outer) {
+    if (row.zoneBody != nullptr) {
+        const double d = distance(game.*row.zoneBody);
+        if (d > row.zoneInner && d < row.zoneOuter) {
             if (!isCountingDown) {
-                countDownTime = zone->holdTime;
+                countDownTime = row.holdTime;
                 isCountingDown = true;
             }
         } else {
@@ -119,7 +83,7 @@ void Controller::checkObjectives() {
     }
 
     // 6. Asteroid pass, the first half of level 8.
-    if (!isPartialObjectiveDone && level == 8 && distance(game.asteroid) < kAsteroidPass)
+    if (!isPartialObjectiveDone && row.passAsteroidFirst && distance(game.asteroid) < kAsteroidPass)
         isPartialObjectiveDone = true;
 }
 

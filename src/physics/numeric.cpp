@@ -60,6 +60,11 @@ double balanceOutsideTheTurn(double angle) {
     return result;
 }
 
+void seedRandomAngles(unsigned seed) {
+    std::srand(seed);
+    randSeedSet = true;
+}
+
 double randomAngle() {
     if (!randSeedSet) {
         std::srand(static_cast<unsigned>(std::time(nullptr)));

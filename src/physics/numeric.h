@@ -38,9 +38,13 @@ inline double balance(double angle) {
     return balanceOutsideTheTurn(angle);
 }
 
-// Set once the C library's generator has been seeded from the clock. A test that wants a
-// reproducible layout sets it to true and seeds the generator itself.
+// Set once the C library's generator has been seeded, from the clock unless seedRandomAngles
+// came first.
 extern bool randSeedSet;
+
+// Fixes the random angles to come, and with them the layouts of the levels: the same seed gives
+// the same flight at every run.
+void seedRandomAngles(unsigned seed);
 
 // A random angle in [0, 2*pi], both ends included.
 double randomAngle();

@@ -19,7 +19,7 @@ struct Color {
     bool operator==(const Color&) const = default;
 };
 
-// The platform's standard colours, by which the game names most of its colours.
+// The colours the game names: the primaries, and greys at a third, a half and two thirds.
 namespace colors {
 inline constexpr Color black{0.0, 0.0, 0.0, 1.0};
 inline constexpr Color white{1.0, 1.0, 1.0, 1.0};

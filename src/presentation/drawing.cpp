@@ -3,20 +3,18 @@
 namespace apsis {
 
 Size drawCentredText(Canvas& canvas, const std::string& text, const TextStyle& style,
-                     double centreX, double y) {
+                     double centreX, double y, bool aroundMiddle) {
     const Size size = canvas.measureText(text, style);
-    canvas.drawText(text, toPoint(centreX - static_cast<double>(size.width) / 2, y), style);
+    const double bottom = aroundMiddle ? y - static_cast<double>(size.height) / 2 : y;
+    canvas.drawText(text, toPoint(centreX - static_cast<double>(size.width) / 2, bottom), style);
     return size;
 }
 
-void drawWholePicture(Canvas& canvas, const PictureHandle& picture, const Rect& dest) {
+void drawScreenPicture(Canvas& canvas, const std::string& name, const Rect& dest) {
+    const PictureHandle picture = resources().loadPicture(name, "jpg");
     if (!picture)
         return;
     canvas.drawPicture(picture.get(), {0.0f, 0.0f, picture->width(), picture->height()}, dest, 1.0);
-}
-
-void drawScreenPicture(Canvas& canvas, const std::string& name, const Rect& dest) {
-    drawWholePicture(canvas, resources().loadPicture(name, "jpg"), dest);
 }
 
 void fillBevelledPanel(Canvas& canvas, double x, double y, double width, double height) {

@@ -18,15 +18,13 @@ inline Rect toRect(double x, double y, double width, double height) {
             static_cast<float>(height)};
 }
 
-// Draws text with its box centred on centreX, its bottom at y; returns the measured size.
+// Draws text with its box centred on centreX and its bottom at y, or with aroundMiddle its middle
+// at y; returns the measured size.
 Size drawCentredText(Canvas& canvas, const std::string& text, const TextStyle& style,
-                     double centreX, double y);
+                     double centreX, double y, bool aroundMiddle = false);
 
-// Draws a whole picture scaled into dest, whatever its proportions. A missing picture draws
-// nothing.
-void drawWholePicture(Canvas& canvas, const PictureHandle& picture, const Rect& dest);
-
-// Loads a screen's picture from the resource folder and draws it into dest.
+// Loads a screen's picture from the resource folder and draws the whole of it into dest, whatever
+// its proportions. A missing picture draws nothing.
 void drawScreenPicture(Canvas& canvas, const std::string& name, const Rect& dest);
 
 // A bevelled panel: five one-point rings from white to dark grey around a black inside. The

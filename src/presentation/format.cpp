@@ -82,8 +82,8 @@ std::string formatNumber(double value, const Pattern& p) {
     return whole + fraction + p.unit;
 }
 
-// Whole seconds, truncated towards zero. The display counts on in 64 bits where the classic 32
-// would have run out after 68 years; beyond even that it stops at the largest count.
+// Whole seconds, truncated towards zero. The count is 64 bits wide, so the clock reads true far
+// past the 68 years a 32-bit count would hold; beyond 2^63 s it stops at the largest count.
 std::int64_t wholeSeconds(double t) {
     constexpr double kLimit = 9223372036854775808.0; // 2^63
     if (t >= kLimit)

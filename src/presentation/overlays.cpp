@@ -15,16 +15,6 @@ const TextStyle kFlagStyle{FontFamily::Courier, 12.0f, colors::blue};
 const TextStyle kCountDownStyle{FontFamily::Courier, 14.0f, colors::yellow};
 const TextStyle kCollisionStyle{FontFamily::Copperplate, 18.0f, colors::red};
 
-// Text centred on centreX with its middle at height middleY.
-void drawCentredAround(Canvas& canvas, const std::string& text, const TextStyle& style,
-                       double centreX, double middleY) {
-    const Size size = canvas.measureText(text, style);
-    canvas.drawText(text,
-                    toPoint(centreX - static_cast<double>(size.width) / 2,
-                            middleY - static_cast<double>(size.height) / 2),
-                    style);
-}
-
 } // namespace
 
 void DrawView::drawPlay(Game& game) {
@@ -42,9 +32,9 @@ void DrawView::drawPlay(Game& game) {
         drawCentredText(*canvas, " Time Limit Exceeded ", kBannerStyle, w / 2, h * 5 / 8);
 
     if (!game.running) {
-        drawCentredAround(*canvas, " Spacebar to Continue ", kPromptStyle, w / 2, h * 0.6);
-        drawCentredAround(*canvas, "Tab to Restart Level\nEscape to Abort Game", kHintStyle, w / 2,
-                          h * 0.4);
+        drawCentredText(*canvas, " Spacebar to Continue ", kPromptStyle, w / 2, h * 0.6, true);
+        drawCentredText(*canvas, "Tab to Restart Level\nEscape to Abort Game", kHintStyle, w / 2,
+                        h * 0.4, true);
     }
 }
 

@@ -1,15 +1,9 @@
 #include "presentation/canvas.h"
 #include "presentation/draw_view.h"
 #include "presentation/drawing.h"
+#include "presentation/menu_layout.h"
 
 namespace apsis {
-namespace {
-
-// The highlighted entries, drawn over their bands of the menu picture; entry 1 is the top one.
-constexpr const char* kMenuEntries[4] = {"menuAbout", "menuInstructions", "menuPractice",
-                                         "menuNew"};
-
-} // namespace
 
 void DrawView::drawIntro(int counter) {
     Canvas* canvas = currentCanvas();
@@ -35,12 +29,13 @@ void DrawView::drawMenu(int choice) {
     drawScreenPicture(*canvas, "menu", toRect(0, 0, viewWidth, viewHeight));
     if (choice < 1 || choice > 4)
         return;
-    // Band k reaches one point into the band below it.
+    // The band as the menu picture has it, reaching one point further right and down.
     const auto w = static_cast<float>(viewWidth);
     const auto h = static_cast<float>(viewHeight);
-    const auto k = static_cast<float>(choice);
-    const Rect band{w / 5, (6 - k) * h / 8 - 1, 3 * w / 5 + 1, h / 8 + 1};
-    drawScreenPicture(*canvas, kMenuEntries[choice - 1], band);
+    const auto bottom = static_cast<float>(menu::bottomEighths(choice));
+    const Rect band{menu::kLeftFifths * w / 5, bottom * h / 8 - 1, menu::kWidthFifths * w / 5 + 1,
+                    h / 8 + 1};
+    drawScreenPicture(*canvas, menu::kBandNames[static_cast<std::size_t>(choice - 1)], band);
 }
 
 void DrawView::drawAbout() {

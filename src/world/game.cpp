@@ -1,6 +1,7 @@
 #include "world/game.h"
 
 #include "physics/numeric.h"
+#include "world/levels.h"
 
 namespace apsis {
 namespace {
@@ -26,6 +27,7 @@ Game::Game()
 
 void Game::doFrame(int level) {
     const double dt = timeStep / kSubSteps;
+    const bool satelliteRidesEarth = levelAt(level).satelliteRidesEarth;
     for (int step = 0; step < kSubSteps; ++step) {
         // Planets: each pulled by the Sun alone; the Moon by the Sun and Earth. Every pull of a
         // sub-step sees the massive bodies where they stood at its start: they drift last.
@@ -38,7 +40,7 @@ void Game::doFrame(int level) {
 
         // Small bodies: pulled, then drifting, before the planets move.
         if (satellite.isActive) {
-            if (level != 4) {
+            if (!satelliteRidesEarth) {
                 satellite.gravTo(sun, dt);
                 satellite.gravTo(earth, dt);
                 satellite.gravTo(moon, dt);

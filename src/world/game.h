@@ -30,16 +30,13 @@ struct Game {
     Game(const Game&) = delete;
     Game& operator=(const Game&) = delete;
 
-    // One world step of timeStep seconds in 500 sub-steps. level is the level being played; in
-    // level 4 the satellite is held at a fixed fraction of Earth's state instead of being pulled.
+    // One world step of timeStep seconds in 500 sub-steps. level is the level being played; where
+    // its row says so (level 4) the satellite is held at a fixed fraction of Earth's state instead
+    // of being pulled.
     void doFrame(int level);
-    // Puts the world into the starting state of level 0 to 8 at the present difficulty. A number
-    // outside 0..8 is taken as the nearest level.
+    // Puts the world into the starting state of a level (world/levels.h) at the present
+    // difficulty. A number outside the table is taken as the nearest level.
     void setLevel(int level);
 };
-
-// The factor by which a difficulty scales the craft's engine, the square of its tank, and the
-// time limit: 1.25 for Easy, 1.0 for Medium and anything unknown, 0.8 for Hard.
-double difficultyFactor(int difficulty);
 
 } // namespace apsis

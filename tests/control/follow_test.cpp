@@ -29,7 +29,6 @@ TEST(FollowedBody, StrictlyNearestWinsWithinEachBodysLimits) {
     const Case cases[] = {
         {1, 1e3, {{&Game::earth, 1e7}, {&Game::venus, 2e7}}, "Earth"},
         {1, 1e3, {{&Game::venus, 1e7}, {&Game::earth, -1e7}}, "Venus"}, // a tie keeps the first
-        {1, 1e3, {{&Game::earth, 1e7}, {&Game::mars, -1e7}}, "Earth"},
         {1, 1e3, {{&Game::earth, 1e7}, {&Game::jupiter, 9e6}}, "Jupiter"},
         {1, 3.79e8, {{&Game::earth, 1e7}, {&Game::moon, 1e6}}, "The Moon"},
         {1, 3.8e8, {{&Game::earth, 1e7}, {&Game::moon, 1e6}}, "Earth"},
@@ -43,28 +42,23 @@ TEST(FollowedBody, StrictlyNearestWinsWithinEachBodysLimits) {
         satellite(4, 1488331500.0, "Earth"),
         satellite(5, 4.2e7, "Satellite"),
         satellite(5, 42164000.0, "Earth"),
-        satellite(0, 4.2e7, "Satellite"),
         satellite(5, 1e3, "Earth", false), // not taking part
         satellite(1, 1e3, "Earth"),
-        satellite(6, 1e3, "Earth"),
         station(0, 4.2e7, "Station"),
         station(0, 42164000.0, "Earth"),
         station(6, 2.9e6, "Station"),
         station(6, 3.0e6, "Earth"),
         station(7, 7.3e6, "Station"),
         station(7, 7378000.0, "Earth"),
-        station(8, 4.2e7, "Station"),
         station(8, 1e3, "Earth", false),
-        station(2, 1e3, "Earth"),
         station(5, 1e3, "Earth"),
         // A station passed over leaves the comparison; a nearer later body still wins.
         {0, 1e3, {{&Game::station, 1e5}, {&Game::mars, 1e4}}, "Mars", false, true},
     };
     for (const Case& k : cases) {
         SCOPED_TRACE(testing::Message() << k.followed << " level " << k.level << " h " << k.h);
-        play::seed(20);
         Controller c;
-        play::toFlight(c, k.level);
+        play::toStillFlight(c, k.level, 20);
         Game& game = c.game;
         double parking = -1.0e12;
         for (Stellar* body : {&game.venus, &game.earth, &game.moon, &game.mars, &game.jupiter,

@@ -2,20 +2,13 @@
 
 #include "control/controller.h"
 #include "control/keys.h"
+#include "control/seeded_flight.h"
 #include "physics/numeric.h"
 #include "presentation/canvas.h"
 #include "support/recording_canvas.h"
 
-#include <cstdlib>
-
 // Plays the controller as the host does: ticks, presses and releases, and redraws.
 namespace apsis::play {
-
-// Makes the random layouts of the levels the same at every run.
-inline void seed(unsigned seed) {
-    randSeedSet = true;
-    std::srand(seed);
-}
 
 inline void ticks(Controller& c, int n) {
     for (int i = 0; i < n; ++i)
@@ -42,12 +35,11 @@ inline void redraw(Controller& c, RecordingCanvas& canvas) {
     c.drawRect();
 }
 
-// From a level's briefing into its flight, the world stopped or, with running, started.
-inline void toFlight(Controller& c, int level, bool running = false) {
+// From a level's briefing into its flight with the world stopped.
+inline void toStillFlight(Controller& c, int level, unsigned seed) {
+    seedRandomAngles(seed);
     c.startLevel(level);
     press(c, kKeySpace);
-    if (running)
-        press(c, kKeySpace);
 }
 
 } // namespace apsis::play

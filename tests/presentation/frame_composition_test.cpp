@@ -57,24 +57,6 @@ TEST(FrameComposition, DrawsOneScreenPerModeWithItsArguments) {
         EXPECT_EQ(canvas.texts().back(), c.last);
         EXPECT_EQ(canvas.findText(c.absent), nullptr);
     }
-
-    // The timed screens take their count: the intro's bar, the menu's entry, the fade's veil.
-    ScopedFakeResources files;
-    RecordingCanvas canvas({800.0f, 600.0f});
-    CanvasFocus focus(canvas);
-    Controller c;
-    c.counter = 5;
-    c.drawRect();
-    EXPECT_FLOAT_EQ(canvas.filledRects(colors::green).at(0).width, 5.0f / 9 * 298);
-    c.mode = MODE_MENU;
-    c.menuChoice = 3;
-    files->requests.clear();
-    c.drawRect();
-    EXPECT_EQ(files->requests, (std::vector<std::string>{"menu.jpg", "menuPractice.jpg"}));
-    c.mode = MODE_COLLISION_FADE;
-    c.counter = 3;
-    c.drawRect();
-    EXPECT_EQ(canvas.drawing().back()->color, (Color{1.0, 1.0, 1.0, 1 - 0.375}));
 }
 
 } // namespace

@@ -8,7 +8,7 @@ namespace apsis {
 namespace {
 
 TEST(TitleScreens, IntroDrawsTheSplashAndABarThatFillsOneNinthPerTick) {
-    for (const int counter : {10, 9, 5, 1}) {
+    for (const int counter : {10, 4}) {
         DrawHarness h;
         const Picture* splash = h.files->addPicture("splash.jpg", 1024, 768);
         h.view.drawIntro(counter);

@@ -4,15 +4,13 @@
 #include "world/game.h"
 
 #include <cmath>
-#include <cstdlib>
 #include <memory>
 
 namespace apsis {
 
 // A world set up for level at a layout fixed by seed.
 inline std::unique_ptr<Game> seededGame(int level, unsigned seed, int difficulty = 1) {
-    randSeedSet = true;
-    std::srand(seed);
+    seedRandomAngles(seed);
     auto game = std::make_unique<Game>();
     game->difficulty = difficulty;
     game->setLevel(level);

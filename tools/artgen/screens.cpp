@@ -2,6 +2,7 @@
 
 #include "backdrop.h"
 #include "bodies.h"
+#include "presentation/menu_layout.h"
 
 #include <array>
 
@@ -13,15 +14,13 @@ namespace apsis::artgen {
 namespace {
 
 constexpr std::array<const char*, 4> kEntries = {"About", "Instructions", "Practice", "New Game"};
-constexpr std::array<const char*, 4> kBandNames = {"menuAbout", "menuInstructions", "menuPractice",
-                                                   "menuNew"};
 
-// Menu band k (1 to 4, from the top) spans the middle three fifths of the width and the (k + 1)-th
-// eighth of the height: the game lays the highlighted entry exactly there.
+// Menu band k, where the game lays the highlighted entry (y downwards here).
 QRect band(int k) {
     const int w = kScreenWidth;
     const int h = kScreenHeight;
-    return {w / 5, (k + 1) * h / 8, 3 * w / 5, h / 8};
+    return {menu::kLeftFifths * w / 5, menu::topEighths(k) * h / 8, menu::kWidthFifths * w / 5,
+            h / 8};
 }
 
 QFont entryFont() {
@@ -114,7 +113,7 @@ std::vector<Screen> drawScreens() {
     screens.push_back({"menu", drawMenu()});
     const QImage sky = drawSky();
     for (int k = 1; k <= 4; ++k)
-        screens.push_back({kBandNames[static_cast<std::size_t>(k - 1)], drawBand(sky, k)});
+        screens.push_back({menu::kBandNames[static_cast<std::size_t>(k - 1)], drawBand(sky, k)});
     screens.push_back({"about", drawAbout()});
     screens.push_back({"instructions", drawInstructions()});
     return screens;

@@ -1,9 +1,8 @@
 #include "scenes.h"
 
 #include "control/keys.h"
+#include "control/seeded_flight.h"
 #include "physics/numeric.h"
-
-#include <cstdlib>
 
 namespace apsis {
 namespace {
@@ -20,16 +19,13 @@ void press(Controller& c, unsigned short key) {
 
 // Sets up a level with the same layout every time.
 void startSeeded(Controller& c, int level, unsigned seed) {
-    randSeedSet = true;
-    std::srand(seed);
+    seedRandomAngles(seed);
     c.startLevel(level);
 }
 
 // A level in flight: briefing dismissed, world started, a few ticks flown.
 void fly(Controller& c, int level, unsigned seed, int ticks) {
-    startSeeded(c, level, seed);
-    press(c, kKeySpace); // the briefing gives way to the still scene
-    press(c, kKeySpace); // the world starts
+    flySeeded(c, level, seed);
     tick(c, ticks);
 }
 

@@ -1,0 +1,18 @@
+#include "control/seeded_flight.h"
+
+#include "control/keys.h"
+#include "physics/numeric.h"
+
+namespace apsis {
+
+void flySeeded(Controller& c, int n, unsigned seed) {
+    seedRandomAngles(seed);
+    c.startLevel(n);
+    for (int i = 0; i < 2;
+         ++i) { // the briefing gives way to the still scene, then the world starts
+        c.keyDown(kKeySpace);
+        c.keyUp(kKeySpace);
+    }
+}
+
+} // namespace apsis
