@@ -84,13 +84,15 @@ std::optional<QByteArray> readFile(const std::filesystem::path& path, qint64 lim
 
 // Premultiplied alpha is what QPainter draws fastest; an opaque picture stays opaque.
 QImage prepared(QImage image) {
-    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
-                                                         : QImage::Format_RGB888);
+    // Converted in place where Qt can: a sheet is not held twice over while it changes format.
+    return std::move(image).convertToFormat(
+        image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB888);
 }
 
 // A picture from a file's bytes, its size read from their header; its pixels wait for the first
-// draw. Empty, with why, when the bytes are no picture or a picture over the budget.
-PictureHandle pictureOf(QByteArray bytes, std::string& why) {
+// draw, when the file is read again. Empty, with why, when the bytes are no picture or a picture
+// over the budget.
+PictureHandle pictureOf(QByteArray bytes, const std::filesystem::path& path, std::string& why) {
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer);
     const QSize size = reader.size();
@@ -102,7 +104,7 @@ PictureHandle pictureOf(QByteArray bytes, std::string& why) {
         why = "larger than " + std::to_string(QtResources::kPixelLimit) + " pixels";
         return {};
     }
-    return std::make_shared<QtPicture>(size, std::move(bytes));
+    return std::make_shared<QtPicture>(size, path);
 }
 
 void sayMissing(const std::filesystem::path& path, const std::string& why) {
@@ -113,18 +115,25 @@ void sayMissing(const std::filesystem::path& path, const std::string& why) {
 
 QtPicture::QtPicture(QImage image) : size_(image.size()), image_(std::move(image)) {}
 
-QtPicture::QtPicture(QSize size, QByteArray encoded) : size_(size), encoded_(std::move(encoded)) {}
+QtPicture::QtPicture(QSize size, std::filesystem::path file)
+    : size_(size), file_(std::move(file)) {}
 
 const QImage& QtPicture::image() const {
-    if (encoded_.isNull())
+    if (file_.empty())
         return image_;
-    QBuffer buffer(&encoded_);
-    QImageReader reader(&buffer);
-    QImage decoded = reader.read();
-    // Tried once: the same bytes would not decode any better the next time.
-    encoded_ = QByteArray();
+    std::string why;
+    std::optional<QByteArray> bytes = readFile(file_, QtResources::kPictureFileLimit, why);
+    QImage decoded;
+    if (bytes) {
+        QBuffer buffer(&*bytes);
+        decoded = QImageReader(&buffer).read();
+    }
+    // Tried once: a file that changed since is another picture, which the resources read anew.
     if (decoded.size() == size_)
         image_ = prepared(std::move(decoded));
+    else
+        sayMissing(file_, bytes ? "not the picture it was" : why);
+    file_.clear();
     return image_;
 }
 
@@ -143,7 +152,7 @@ PictureHandle QtResources::loadPicture(const std::string& name, const std::strin
         return known->second.content;
     std::string why;
     std::optional<QByteArray> bytes = readFile(path, kPictureFileLimit, why);
-    PictureHandle picture = bytes ? pictureOf(std::move(*bytes), why) : PictureHandle();
+    PictureHandle picture = bytes ? pictureOf(std::move(*bytes), path, why) : PictureHandle();
     if (!picture)
         sayMissing(path, why);
     known->second = {stamp, picture};

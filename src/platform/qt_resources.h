@@ -7,30 +7,28 @@
 #include <sys/types.h>
 #include <unordered_map>
 
-#include <QByteArray>
 #include <QImage>
 #include <QSize>
 
 namespace apsis {
 
-// A picture held by Qt. Its size is known from the start; its pixels may wait in the file's bytes
-// until the first draw asks for them, so that a sheet that is only ever drawn as a symbol costs
-// its file, not its pixels.
+// A picture held by Qt. Its size is known from the start; its pixels may wait in the file until
+// the first draw asks for them, so that a sheet only ever drawn as a symbol costs no memory.
 class QtPicture final : public Picture {
   public:
     // A picture already decoded.
     explicit QtPicture(QImage image);
-    // A picture of the given size, decoded from encoded when first drawn.
-    QtPicture(QSize size, QByteArray encoded);
+    // A picture of the given size, read from file and decoded when first drawn.
+    QtPicture(QSize size, std::filesystem::path file);
     float width() const override { return static_cast<float>(size_.width()); }
     float height() const override { return static_cast<float>(size_.height()); }
     // The pixels, decoded at the first call: premultiplied when the picture has transparency,
-    // packed RGB when it has none. Null when the bytes do not decode to the size they announced.
+    // packed RGB when it has none. Null when the file no longer decodes to the size it announced.
     const QImage& image() const;
 
   private:
     QSize size_;
-    mutable QByteArray encoded_; // let go once decoded
+    mutable std::filesystem::path file_; // empty once read
     mutable QImage image_;
 };
 
