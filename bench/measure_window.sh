@@ -76,17 +76,21 @@ xdotool key space
 sleep 2
 
 peer=
-if command -v kspaceduel >/dev/null; then
-    kspaceduel >/dev/null 2>&1 &
-    peer=$!
-    pids+=("$peer")
-    peer_window=$(timeout 60 xdotool search --sync --onlyvisible --pid "$peer" | tail -n1)
+kspaceduel=$(PATH="$PATH:/usr/games" command -v kspaceduel || true)
+if [ -n "$kspaceduel" ]; then
+    # It leaves at once without a session bus.
+    dbus-run-session "$kspaceduel" >/dev/null 2>&1 &
+    pids+=($!)
+    peer_window=$(timeout 60 xdotool search --sync --onlyvisible --class kspaceduel | tail -n1)
+    peer=$(pgrep -n -x kspaceduel)
     xdotool windowmove --sync "$peer_window" "$((width + 20))" 0
     xdotool windowsize --sync "$peer_window" "$width" "$height"
-    xdotool windowactivate --sync "$peer_window" 2>/dev/null || xdotool windowfocus "$peer_window"
+    xdotool windowactivate --sync "$peer_window"
     sleep 1
-    # A new round (F2), on a field without the hidden pause of a game not yet begun.
-    xdotool key --window "$peer_window" F2
+    # A new game (Ctrl+N); Space starts its first round.
+    xdotool key ctrl+n 2>/dev/null || true
+    sleep 1
+    xdotool key space
     sleep 3
 fi
 
