@@ -17,15 +17,15 @@ end_session() {
 }
 
 # A virtual X server larger than the game's default window (which then keeps its 1280x800 at the
-# top-left), with the desktop's usual auto-repeat, so that held keys arrive as they do for a
-# player: a held key repeats after 250 ms, 30 times a second.
+# top-left), or of the size given (WIDTHxHEIGHT), with the desktop's usual auto-repeat, so that
+# held keys arrive as they do for a player: a held key repeats after 250 ms, 30 times a second.
 start_display() {
     local tool
     for tool in Xvfb xdotool xset; do
         command -v "$tool" >/dev/null || { echo "$tool is missing (scripts/setup installs it)"; exit 1; }
     done
     exec 3<> "$work/display"
-    Xvfb -displayfd 3 -screen 0 1600x1000x24 -nolisten tcp >/dev/null 2>&1 &
+    Xvfb -displayfd 3 -screen 0 "${1:-1600x1000}x24" -nolisten tcp >/dev/null 2>&1 &
     pids+=($!)
     for _ in $(seq 50); do [ -s "$work/display" ] && break; sleep 0.1; done
     export DISPLAY=":$(head -n1 "$work/display")"

@@ -45,7 +45,10 @@ struct Outline {
 } // namespace
 
 QtCanvas::QtCanvas(QPainter& painter, Size size)
-    : painter_(painter), size_(size), faces_(painter.device()) {
+    : painter_(painter), size_(size),
+      window_(-kWindowMargin, -kWindowMargin, static_cast<double>(size.width) + 2.0 * kWindowMargin,
+              static_cast<double>(size.height) + 2.0 * kWindowMargin),
+      faces_(painter.device()) {
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.setRenderHint(QPainter::TextAntialiasing);
     painter_.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -139,10 +142,7 @@ void QtCanvas::drawPath(const Path& path, const Color& c, bool fill) {
     if (!reaches(bounds, fill ? 1.0 : kStrokeReach))
         return;
 
-    const QRectF window(-kWindowMargin, -kWindowMargin,
-                        static_cast<double>(size_.width) + 2.0 * kWindowMargin,
-                        static_cast<double>(size_.height) + 2.0 * kWindowMargin);
-    const bool cut = !window.contains(bounds);
+    const bool cut = !window_.contains(bounds);
     QPainterPath qtPath;
     qtPath.setFillRule(Qt::WindingFill);
     for (const Outline& outline : outlines) {
@@ -151,7 +151,7 @@ void QtCanvas::drawPath(const Path& path, const Color& c, bool fill) {
             if (outline.closed)
                 qtPath.closeSubpath();
         } else if (fill) {
-            const QPolygonF inside = clipPolygon(outline.points, window);
+            const QPolygonF inside = clipPolygon(outline.points, window_);
             if (inside.size() >= 3)
                 qtPath.addPolygon(inside);
         } else {
@@ -163,7 +163,7 @@ void QtCanvas::drawPath(const Path& path, const Color& c, bool fill) {
             for (qsizetype i = 1; i < points.size(); ++i) {
                 QPointF a = points[i - 1];
                 QPointF b = points[i];
-                if (!clipSegment(a, b, window)) {
+                if (!clipSegment(a, b, window_)) {
                     joined = false;
                     continue;
                 }
@@ -203,11 +203,8 @@ void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rec
         return;
     // A picture scaled to millions of points is cut to the window, and its source with it in
     // proportion, so that Qt scales only what can be seen.
-    const QRectF window(-kWindowMargin, -kWindowMargin,
-                        static_cast<double>(size_.width) + 2.0 * kWindowMargin,
-                        static_cast<double>(size_.height) + 2.0 * kWindowMargin);
-    if (!window.contains(to)) {
-        const QRectF visible = to.intersected(window);
+    if (!window_.contains(to)) {
+        const QRectF visible = to.intersected(window_);
         const double sx = from.width() / to.width();
         const double sy = from.height() / to.height();
         from = QRectF(from.left() + (visible.left() - to.left()) * sx,
@@ -217,7 +214,7 @@ void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rec
     }
     painter_.setOpacity(opacity);
     if (!drawScaledBefore(image, from, to))
-        painter_.drawImage(to, image, from);
+        drawInBands(painter_, to, image, from);
     painter_.setOpacity(1.0);
 }
 
@@ -241,7 +238,7 @@ bool QtCanvas::drawScaledBefore(const QImage& image, const QRectF& from, const Q
     if (scaled.isNull())
         return false;
     painter_.setWorldTransform(device.inverted());
-    painter_.drawImage(topLeft, scaled);
+    blitInBands(painter_, topLeft, scaled);
     painter_.setWorldTransform(QTransform());
     return true;
 }

@@ -55,6 +55,8 @@ class QtCanvas final : public Canvas {
 
     QPainter& painter_;
     Size size_;
+    // The surface widened on every side by a margin: geometry reaching beyond it is cut to it.
+    QRectF window_;
     FaceCache faces_;
     std::optional<QRegion> dirty_;
 };

@@ -20,8 +20,8 @@ inline double unitInterval(double v) {
     return std::isnan(v) ? 0.0 : std::clamp(v, 0.0, 1.0);
 }
 
-// Colours outside 0..1 are held to it: the zoom indicator asks for negative opacities and means
-// none at all.
+// Channels and opacities outside 0..1 are clamped into it. The zoom indicator fades out through
+// opacities below 0: clamped to 0, they draw nothing, which is what it means by them.
 inline QColor toQColor(const Color& c) {
     return QColor::fromRgbF(
         static_cast<float>(unitInterval(c.r)), static_cast<float>(unitInterval(c.g)),

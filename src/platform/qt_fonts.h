@@ -2,12 +2,12 @@
 
 #include "presentation/canvas.h"
 
-#include <deque>
 #include <string>
+#include <unordered_map>
 
 #include <QFont>
 #include <QFontMetricsF>
-#include <QHash>
+#include <QHashFunctions>
 #include <QStringList>
 
 class QPaintDevice;

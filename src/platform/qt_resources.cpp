@@ -1,11 +1,141 @@
 #include "platform/qt_resources.h"
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 
-#include <QFile>
+#include <QBuffer>
 #include <QImageReader>
 
 namespace apsis {
+namespace {
+
+FileStamp stampOf(const struct stat& info) {
+    constexpr long long kBillion = 1'000'000'000;
+    return {info.st_dev, info.st_ino, info.st_size,
+            info.st_mtim.tv_sec * kBillion + info.st_mtim.tv_nsec,
+            info.st_ctim.tv_sec * kBillion + info.st_ctim.tv_nsec};
+}
+
+// The stamp of the file a path names, through links; none when there is no such file.
+std::optional<FileStamp> lookAt(const std::filesystem::path& path) {
+    struct stat info {};
+    if (::stat(path.c_str(), &info) != 0)
+        return std::nullopt;
+    return stampOf(info);
+}
+
+// A descriptor closed when it goes out of scope.
+struct Descriptor {
+    int fd;
+    ~Descriptor() {
+        if (fd >= 0)
+            ::close(fd);
+    }
+};
+
+// The bytes of a regular file of at most limit bytes. Anything else, a folder, a FIFO, a device,
+// a longer file or one that cannot be read, is refused, and why is said in why.
+std::optional<QByteArray> readFile(const std::filesystem::path& path, qint64 limit,
+                                   std::string& why) {
+    // Opened without waiting, or a FIFO would hold the game here until something wrote to it.
+    const Descriptor file{::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)};
+    struct stat info {};
+    if (file.fd < 0 || ::fstat(file.fd, &info) != 0) {
+        why = std::strerror(errno);
+        return std::nullopt;
+    }
+    if (!S_ISREG(info.st_mode)) {
+        why = "not a regular file";
+        return std::nullopt;
+    }
+    if (info.st_size > limit) {
+        why = "longer than " + std::to_string(limit) + " bytes";
+        return std::nullopt;
+    }
+    // One byte more than was measured is asked for, to see a file that grew since.
+    QByteArray bytes(static_cast<qsizetype>(info.st_size + 1), Qt::Uninitialized);
+    qsizetype length = 0;
+    while (length < bytes.size()) {
+        const ssize_t got =
+            ::read(file.fd, bytes.data() + length, static_cast<std::size_t>(bytes.size() - length));
+        if (got == 0)
+            break;
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0) {
+            why = std::strerror(errno);
+            return std::nullopt;
+        }
+        length += got;
+    }
+    if (length > info.st_size) {
+        why = "still being written";
+        return std::nullopt;
+    }
+    bytes.truncate(length);
+    bytes.squeeze();
+    return bytes;
+}
+
+// Premultiplied alpha is what QPainter draws fastest; an opaque picture stays opaque.
+QImage prepared(QImage image) {
+    // Converted in place where Qt can: a sheet is not held twice over while it changes format.
+    return std::move(image).convertToFormat(
+        image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB888);
+}
+
+// A picture from a file's bytes, its size read from their header; its pixels wait for the first
+// draw, when the file is read again. Empty, with why, when the bytes are no picture or a picture
+// over the budget.
+PictureHandle pictureOf(QByteArray bytes, const std::filesystem::path& path, std::string& why) {
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer);
+    const QSize size = reader.size();
+    if (!size.isValid()) {
+        why = "not a picture";
+        return {};
+    }
+    if (qint64{size.width()} * size.height() > QtResources::kPixelLimit) {
+        why = "larger than " + std::to_string(QtResources::kPixelLimit) + " pixels";
+        return {};
+    }
+    return std::make_shared<QtPicture>(size, path);
+}
+
+void sayMissing(const std::filesystem::path& path, const std::string& why) {
+    std::fprintf(stderr, "apsis: %s: %s; taken as missing\n", path.c_str(), why.c_str());
+}
+
+} // namespace
+
+QtPicture::QtPicture(QImage image) : size_(image.size()), image_(std::move(image)) {}
+
+QtPicture::QtPicture(QSize size, std::filesystem::path file)
+    : size_(size), file_(std::move(file)) {}
+
+const QImage& QtPicture::image() const {
+    if (file_.empty())
+        return image_;
+    std::string why;
+    std::optional<QByteArray> bytes = readFile(file_, QtResources::kPictureFileLimit, why);
+    QImage decoded;
+    if (bytes) {
+        QBuffer buffer(&*bytes);
+        decoded = QImageReader(&buffer).read();
+    }
+    // Tried once: a file that changed since is another picture, which the resources read anew.
+    if (decoded.size() == size_)
+        image_ = prepared(std::move(decoded));
+    else
+        sayMissing(file_, bytes ? "not the picture it was" : why);
+    file_.clear();
+    return image_;
+}
 
 std::filesystem::path QtResources::fileOf(const std::string& name, const std::string& type) const {
     return folder_ / (type.empty() ? name : name + "." + type);
@@ -16,26 +146,35 @@ PictureHandle QtResources::loadPicture(const std::string& name, const std::strin
     if (folder_.empty())
         return {};
     const auto path = fileOf(name, type);
-    QImageReader reader(QString::fromStdString(path.string()));
-    QImage image = reader.read();
-    if (image.isNull())
-        return {};
-    // Premultiplied alpha is what QPainter draws fastest; an opaque picture stays opaque.
-    image = image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
-                                                          : QImage::Format_RGB888);
-    return std::make_shared<QtPicture>(std::move(image));
+    const auto stamp = lookAt(path);
+    const auto [known, first] = pictures_.try_emplace(path.string());
+    if (!first && known->second.stamp == stamp)
+        return known->second.content;
+    std::string why;
+    std::optional<QByteArray> bytes = readFile(path, kPictureFileLimit, why);
+    PictureHandle picture = bytes ? pictureOf(std::move(*bytes), path, why) : PictureHandle();
+    if (!picture)
+        sayMissing(path, why);
+    known->second = {stamp, picture};
+    return picture;
 }
 
 std::optional<std::string> QtResources::loadText(const std::string& name, const std::string& type) {
     if (folder_.empty())
         return std::nullopt;
-    QFile file(QString::fromStdString(fileOf(name, type).string()));
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return std::nullopt;
-    return std::string(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    const auto path = fileOf(name, type);
+    const auto stamp = lookAt(path);
+    const auto [known, first] = texts_.try_emplace(path.string());
+    if (!first && known->second.stamp == stamp)
+        return known->second.content;
+    std::string why;
+    std::optional<std::string> text;
+    if (const std::optional<QByteArray> bytes = readFile(path, kTextLimit, why))
+        text = bytes->toStdString();
+    else
+        sayMissing(path, why);
+    known->second = {stamp, text};
+    return text;
 }
 
 std::filesystem::path findResourceFolder(const std::filesystem::path& executableDir) {

@@ -1,8 +1,7 @@
 #include "platform/qt_scaled_pictures.h"
 
 #include <algorithm>
-
-#include <QPainter>
+#include <cmath>
 
 namespace apsis {
 namespace {
@@ -11,6 +10,9 @@ namespace {
 // kept, whatever asks for them.
 constexpr qint64 kSmallestKept = qint64{64} * 64;    // pixels
 constexpr qint64 kLargestKept = qint64{4096} * 4096; // pixels
+
+// Lines of a band: under the 96 from which Qt shares a draw among threads.
+constexpr int kBandLines = 64;
 
 } // namespace
 
@@ -40,10 +42,10 @@ QImage ScaledPictures::lookUp(const QImage& image, const QRect& source, QSize si
     QPainter painter(&scaled);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.drawImage(QRectF(QPointF(0.0, 0.0), QSizeF(size)), image, QRectF(source));
+    drawInBands(painter, QRectF(QPointF(0.0, 0.0), QSizeF(size)), image, QRectF(source));
     painter.end();
-    // Kept from the second time on: the full-window screens load a fresh picture for every
-    // draw, and a copy of one would never be drawn again.
+    // Kept from the second time on: while the view zooms every frame asks for a new size, and a
+    // copy made for one of those would never be drawn again.
     if (found == entries_.end())
         entries_.push_back({key, source, size, {}, redraw_});
     else {
@@ -56,6 +58,34 @@ QImage ScaledPictures::lookUp(const QImage& image, const QRect& source, QSize si
 ScaledPictures& scaledPictures() {
     static ScaledPictures pictures;
     return pictures;
+}
+
+void blitInBands(QPainter& painter, QPoint topLeft, const QImage& image) {
+    for (int top = 0; top < image.height(); top += kBandLines) {
+        const int lines = std::min(kBandLines, image.height() - top);
+        painter.drawImage(QPoint(topLeft.x(), topLeft.y() + top), image,
+                          QRect(0, top, image.width(), lines));
+    }
+}
+
+void drawInBands(QPainter& painter, const QRectF& to, const QImage& image, const QRectF& from) {
+    // Bands are cut along whole device pixels, which a clip keeps exactly; under any transform
+    // but a shift by whole pixels the picture is drawn in one piece.
+    const QTransform device = painter.deviceTransform();
+    const QRect pixels = device.mapRect(to).toAlignedRect();
+    if (device.type() > QTransform::TxTranslate || device.dx() != std::round(device.dx()) ||
+        device.dy() != std::round(device.dy()) || pixels.height() <= kBandLines) {
+        painter.drawImage(to, image, from);
+        return;
+    }
+    const QTransform back = device.inverted();
+    for (int top = pixels.top(); top <= pixels.bottom(); top += kBandLines) {
+        painter.save();
+        painter.setClipRect(back.mapRect(QRect(pixels.left(), top, pixels.width(), kBandLines)),
+                            Qt::IntersectClip);
+        painter.drawImage(to, image, from);
+        painter.restore();
+    }
 }
 
 } // namespace apsis

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include <QImage>
+#include <QPainter>
 #include <QRect>
 #include <QSize>
 
@@ -38,5 +39,14 @@ class ScaledPictures {
 
 // The scaled pictures of the process: one thread draws, and the pictures live as long as it.
 ScaledPictures& scaledPictures();
+
+// Qt hands a picture drawn over 96 lines or more to its worker threads in pieces and waits for
+// them; for the pictures of a frame that costs more than it saves. These draw the same pixels in
+// bands of fewer lines, one after the other.
+
+// Draws image unscaled with its top-left corner at topLeft, painter units.
+void blitInBands(QPainter& painter, QPoint topLeft, const QImage& image);
+// Draws from (pixels of image) scaled into to (painter units).
+void drawInBands(QPainter& painter, const QRectF& to, const QImage& image, const QRectF& from);
 
 } // namespace apsis

@@ -1,8 +1,10 @@
 #include "platform/qt_resources.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QImage>
 
@@ -50,6 +52,48 @@ TEST_F(QtResourcesTest, ReadsByNameAndTypeAndMissingOrBrokenFilesAreNothing) {
     const auto text = QtResources{std::filesystem::path()}.loadText("levels", "txt");
     std::filesystem::current_path(working);
     EXPECT_EQ(text, std::nullopt);
+}
+
+TEST_F(QtResourcesTest, FilesThatAreNoFilesOrTooLargeAreMissingAndNeverHoldTheGameUp) {
+    ASSERT_EQ(::mkfifo((folder / "fifo.txt").c_str(), 0600), 0);
+    ASSERT_EQ(::mkfifo((folder / "fifo.jpg").c_str(), 0600), 0);
+    std::filesystem::create_symlink("/dev/zero", folder / "endless.txt");
+    write("long.txt", std::string(QtResources::kTextLimit + 1, 'x'));
+    write("full.txt", std::string(QtResources::kTextLimit, 'x'));
+    // A picture one pixel over the budget, small as a file.
+    QImage huge(4097, 4096, QImage::Format_Mono);
+    huge.fill(0);
+    ASSERT_TRUE(huge.save(QString::fromStdString((folder / "huge.jpg").string()), "PNG"));
+
+    QtResources loader(folder);
+    for (const char* name : {"fifo", "endless", "long"})
+        EXPECT_EQ(loader.loadText(name, "txt"), std::nullopt) << name;
+    EXPECT_EQ(loader.loadText("full", "txt")->size(), QtResources::kTextLimit);
+    for (const char* name : {"fifo", "huge"})
+        EXPECT_FALSE(loader.loadPicture(name, "jpg")) << name;
+}
+
+TEST_F(QtResourcesTest, AFileIsReadOnceWhileItStaysTheSameAndSaidMissingOnce) {
+    QtResources loader(folder);
+    testing::internal::CaptureStderr();
+    for (int i = 0; i < 1000; ++i)
+        ASSERT_FALSE(loader.loadPicture("earth", "jpg"));
+    const std::string said = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
+
+    // Tried again at the next use: once there, it is there.
+    QImage picture(16, 8, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    const QString file = QString::fromStdString((folder / "earth.jpg").string());
+    ASSERT_TRUE(picture.save(file, "JPG"));
+    const PictureHandle earth = loader.loadPicture("earth", "jpg");
+    ASSERT_TRUE(earth);
+    EXPECT_EQ(loader.loadPicture("earth", "jpg"), earth);
+
+    // A file written anew is a new picture.
+    ASSERT_TRUE(picture.scaled(32, 8).save(file, "JPG"));
+    const PictureHandle wider = loader.loadPicture("earth", "jpg");
+    EXPECT_EQ(wider ? wider->width() : 0.0f, 32.0f);
 }
 
 TEST_F(QtResourcesTest, FindsTheBuildTreeFolderBeforeTheInstalledOne) {

@@ -112,45 +112,10 @@ class QtScreensTest : public ::testing::Test {
     QImage image;
 };
 
-TEST_F(QtScreensTest, FlightShowsTheGaugesTheScaleBarAndTheBodies) {
+TEST_F(QtScreensTest, FlightCrashAndFadesDrawOverTheWholeView) {
     fly(1, 5);
-    controller->game.player.throttle = 1.0;
     render();
-    // A full throttle: the 148-point trough green from end to end inside its blue frame.
-    EXPECT_EQ(countInRow(H - 66, W - 160, W - 10, QColor(Qt::green)), 148);
-    EXPECT_EQ(at(W - 160, H - 66), QColor(Qt::blue));
-    // The full fuel gauge at the right edge, green from its bottom.
-    EXPECT_EQ(at(W - 16, 40), QColor(Qt::green));
-    EXPECT_EQ(at(W - 20, 40), QColor(Qt::blue));
-    // The scale bar's line runs across the bottom in light grey.
-    int grey = 0;
-    for (int x = 60; x < W - 60; x += 10)
-        grey += at(x, 15).red() > 40 || at(x, 14).red() > 40;
-    EXPECT_EQ(grey, (W - 120) / 10);
     EXPECT_GT(litIn(readOuts()), 50);
-
-    // Deep zoom at the start of level 7: the display over the station the craft starts at.
-    controller = std::make_unique<Controller>();
-    fly(7, 1);
-    ASSERT_EQ(controller->drawView.viewScale, 200.0);
-    render();
-    EXPECT_EQ(countInRow(H - 66, W - 160, W - 10, QColor(Qt::green)), 148);
-    EXPECT_GT(W - countInRow(H / 2, 0, W, QColor(Qt::black)), 100);
-}
-
-TEST_F(QtScreensTest, BannersPauseCrashAndFadesStandWhereTheyBelong) {
-    fly(5, 3);
-    controller->game.player.fuel = 0.0;
-    controller->game.elapsedTime = controller->game.timeLimit + 60.0;
-    controller->keyDown(kKeySpace); // paused
-    render();
-    // Two red banners, the fuel one 20 points above the time one, just above their points.
-    EXPECT_GT(countInRow(H * 5 / 8 + 22, W / 2 - 100, W / 2 + 100, QColor(Qt::red)), 40);
-    EXPECT_GT(countInRow(H * 5 / 8 + 2, W / 2 - 100, W / 2 + 100, QColor(Qt::red)), 60);
-    EXPECT_EQ(at(W / 2, H * 5 / 8 - 2), QColor(Qt::black));
-    // The pause prompt's dark grey box is centred at 60% of the height.
-    EXPECT_GT(countInRow(H * 6 / 10, W / 2 - 150, W / 2 + 150, QColor(51, 51, 51)), 20);
-    EXPECT_EQ(at(W / 2 - 200, H * 6 / 10), QColor(Qt::black));
 
     // After a crash: a red message in the middle, on black.
     controller->setMode(MODE_COLLISION);
@@ -168,7 +133,6 @@ TEST_F(QtScreensTest, BannersPauseCrashAndFadesStandWhereTheyBelong) {
     EXPECT_EQ(other, 0);
 
     // Fades cover the whole scene, the gauges too.
-    controller->game.player.fuel = controller->game.player.maxFuel;
     controller->setMode(MODE_RESTART_FADE);
     controller->counter = 4; // half way to white
     render();
@@ -178,15 +142,12 @@ TEST_F(QtScreensTest, BannersPauseCrashAndFadesStandWhereTheyBelong) {
     controller->counter = 190; // half way to black
     render();
     EXPECT_NEAR(at(W - 15, 40).green(), 128, 2);
-}
 
-TEST_F(QtScreensTest, TheIntroBarGrowsWithTheCount) {
-    for (int i = 0; i < 5; ++i)
-        controller->doFrame();
+    // Deep zoom at the start of level 7: the station and the craft across the middle.
+    controller = std::make_unique<Controller>();
+    fly(7, 1);
     render();
-    // 5/9 of 298 points of green inside the blue-framed bar.
-    EXPECT_NEAR(countInRow(H / 4 + 4, W / 4, W * 3 / 4, QColor(Qt::green)), 298 * 5 / 9, 1);
-    EXPECT_EQ(at(W / 4, H / 4 + 4), QColor(Qt::blue));
+    EXPECT_GT(W - countInRow(H / 2, 0, W, QColor(Qt::black)), 100);
 }
 
 TEST_F(QtScreensTest, WithoutAResourceFolderTheScreensKeepTheirShapesAndTexts) {
@@ -233,7 +194,6 @@ TEST_F(QtScreensTest, AMissingPictureATruncatedOneAndEmptyTextsDrawWhatTheyCan) 
     truncate("menu.jpg", 0.5);
     truncate("ship.gif", 0.5);
     std::ofstream(damaged / "levels.txt", std::ios::trunc).flush();
-    std::ofstream(damaged / "level1.txt", std::ios::trunc).flush();
 
     // The part of the menu picture that was read is drawn as before.
     controller->setMode(MODE_MENU);
@@ -243,9 +203,6 @@ TEST_F(QtScreensTest, AMissingPictureATruncatedOneAndEmptyTextsDrawWhatTheyCan) 
     controller->setMode(MODE_CHOICE);
     render();
     EXPECT_EQ(litIn(levelList()), 0);
-    controller->startLevel(1);
-    render();
-    EXPECT_EQ(at(W / 2 - 15, H / 2), QColor(Qt::white));
     fly(1, 0);
     controller->drawView.viewScale = 3e7;
     render();
