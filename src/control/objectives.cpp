@@ -1,4 +1,5 @@
 #include "control/controller.h"
+#include "control/nav_goal.h"
 
 #include <cmath>
 #include <limits>
@@ -121,6 +122,34 @@ void Controller::checkObjectives() {
     // 6. Asteroid pass, the first half of level 8.
     if (!isPartialObjectiveDone && level == 8 && distance(game.asteroid) < kAsteroidPass)
         isPartialObjectiveDone = true;
+}
+
+} // namespace apsis
+
+namespace apsis {
+
+bool levelZone(int level, LevelZone& zone) {
+    const Zone* found = zoneOf(level);
+    if (found == nullptr)
+        return false;
+    zone.body = found->body;
+    zone.inner = found->inner;
+    zone.outer = found->outer;
+    return true;
+}
+
+Stellar Game::*levelTarget(int level, bool isPartialObjectiveDone) {
+    switch (level) {
+    case 4:
+    case 5:
+        return &Game::satellite;
+    case 6:
+        return &Game::station;
+    case 8:
+        return isPartialObjectiveDone ? &Game::station : &Game::asteroid;
+    default:
+        return nullptr;
+    }
 }
 
 } // namespace apsis

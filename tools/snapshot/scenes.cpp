@@ -54,6 +54,14 @@ void complete(Controller& c, int level, int counter) {
     c.counter = counter;
 }
 
+// A level in flight with the navigation aids on, given the ticks they need to look a whole orbit
+// ahead.
+void flyWithAids(Controller& c, int level, unsigned seed, int ticks) {
+    fly(c, level, seed, ticks);
+    c.toggleNavAids();
+    tick(c, 300);
+}
+
 } // namespace
 
 std::vector<Scene> scenes() {
@@ -155,6 +163,25 @@ std::vector<Scene> scenes() {
     add("17-collision", [](Controller& c) {
         fly(c, 1, 2, 3);
         c.setMode(MODE_COLLISION);
+    });
+    for (const int level : {1, 2, 3, 5, 7, 8}) {
+        add("18-aids-level" + std::to_string(level),
+            [level](Controller& c) { flyWithAids(c, level, static_cast<unsigned>(level), 10); });
+    }
+    add("18-aids-level1-burn-paused", [](Controller& c) {
+        fly(c, 1, 2, 3);
+        c.game.player.pos.angle = c.game.player.targetAngle = 0.3;
+        c.keyDown(kKeyUp);
+        tick(c, 20);
+        c.keyUp(kKeyUp);
+        press(c, kKeySpace);
+        c.toggleNavAids();
+        tick(c, 300);
+    });
+    add("18-aids-level7-countdown", [](Controller& c) {
+        flyWithAids(c, 7, 7, 3);
+        c.isCountingDown = true;
+        c.countDownTime = 86399.5;
     });
     return all;
 }
