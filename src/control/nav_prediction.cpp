@@ -212,7 +212,28 @@ NavAids NavPrediction::aids(const Game& game, int level, bool isPartialObjective
     const double speed = std::hypot(vx, vy);
     if (speed > 0)
         aids.motion = {vx / speed, vy / speed};
-    findOrbit(aids, game, followed);
+    // A followed body without mass has no orbit: the orbit shown is then around the body that
+    // pulls the craft hardest.
+    const Stellar* centre = &followed;
+    if (!(followed.mass > 0)) {
+        double strongest = 0;
+        for (int i = 0; i < 6; ++i) {
+            const Stellar& body = game.*kBodyMembers[i];
+            const double pull = body.mass / sqDist(craft, body.pos);
+            if (pull > strongest) {
+                strongest = pull;
+                centre = &body;
+            }
+        }
+    }
+    findOrbit(aids, game, *centre);
+    if (centre != &followed) {
+        aids.orbitBody = centre->name;
+        for (NavMark* mark : {&aids.high, &aids.low}) {
+            mark->at.x += centre->pos.x - followed.pos.x;
+            mark->at.y += centre->pos.y - followed.pos.y;
+        }
+    }
 
     LevelZone zone;
     if (levelZone(level, zone)) {

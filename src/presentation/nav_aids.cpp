@@ -153,8 +153,12 @@ void drawCircle(Canvas& canvas, const DrawView& view, ViewPoint c, double r, con
         canvas.strokePath(line.path(), color);
 }
 
-void drawLabel(Canvas& canvas, ViewPoint p, const std::string& text) {
-    canvas.drawText(text, toPoint(p.x + 7, p.y + 3), kMarkStyle);
+// A mark's name beside it, kept out of the strips where the display writes: the two columns at
+// the top and the scale along the bottom.
+void drawLabel(Canvas& canvas, const DrawView& view, ViewPoint p, const std::string& text) {
+    const double x = std::clamp(p.x + 7, 10.0, std::max(10.0, view.viewWidth - 80));
+    const double y = std::clamp(p.y + 3, 36.0, std::max(36.0, view.viewHeight - 150));
+    canvas.drawText(text, toPoint(x, y), kMarkStyle);
 }
 
 // A small diamond on the path, named.
@@ -169,7 +173,7 @@ void drawDiamond(Canvas& canvas, const DrawView& view, const NavMark& mark, cons
     diamond.lineTo(toPoint(p.x, p.y - 5));
     diamond.lineTo(toPoint(p.x - 5, p.y));
     canvas.fillPath(diamond, color);
-    drawLabel(canvas, p, label);
+    drawLabel(canvas, view, p, label);
 }
 
 void drawCross(Canvas& canvas, ViewPoint p, double r, const Color& color) {
@@ -210,12 +214,14 @@ std::string inHowLong(double time) {
 void drawNotes(Canvas& canvas, const DrawView& view, const NavAids& aids) {
     std::vector<std::string> lines;
     if (aids.hasOrbit) {
+        const std::string around =
+            *aids.orbitBody != '\0' ? std::string(" (") + aids.orbitBody + ")" : "";
         if (aids.isEscaping)
-            lines.push_back("High: escape");
+            lines.push_back("High" + around + ": escape");
         else
-            lines.push_back("High: " + formatDist(aids.high.value) +
+            lines.push_back("High" + around + ": " + formatDist(aids.high.value) +
                             (aids.isCircular ? "" : inHowLong(aids.high.time)));
-        lines.push_back("Low: " + formatDist(aids.low.value) +
+        lines.push_back("Low" + around + ": " + formatDist(aids.low.value) +
                         (aids.isCircular ? "" : inHowLong(aids.low.time)));
     }
     if (aids.hasZone) {
@@ -260,14 +266,14 @@ void drawNavAids(const DrawView& view, const NavAids& aids) {
         const ViewPoint p = place(view, aids.approach.at);
         if (isInView(view, p)) {
             drawCross(*canvas, p, 4, kTargetColor);
-            drawLabel(*canvas, p, "Closest");
+            drawLabel(*canvas, view, p, "Closest");
         }
     }
     if (aids.impact.isShown) {
         const ViewPoint p = place(view, aids.impact.at);
         if (isInView(view, p)) {
             drawCross(*canvas, p, 6, kImpactColor);
-            drawLabel(*canvas, p, "Impact");
+            drawLabel(*canvas, view, p, "Impact");
         }
     }
     drawMotion(*canvas, view, aids);

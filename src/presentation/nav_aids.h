@@ -24,14 +24,15 @@ struct NavMark {
 // What the navigation aids show over one flight frame. Places are relative to the body the camera
 // follows, so an orbit around it closes on itself.
 struct NavAids {
-    std::vector<Offset> path; // the craft now, then after each world step ahead, keys let go
-    Offset craft;             // the craft now
-    Offset motion;            // unit direction of motion relative to the followed body, or 0
-    bool hasOrbit = false;    // the followed body has mass to orbit
-    bool isCircular = false;  // high and low points are the same distance
-    bool isEscaping = false;  // no high point: the craft leaves the followed body for good
-    NavMark high;             // farthest point of the orbit around the followed body
-    NavMark low;              // nearest point of the orbit around the followed body
+    std::vector<Offset> path;   // the craft now, then after each world step ahead, keys let go
+    Offset craft;               // the craft now
+    Offset motion;              // unit direction of motion relative to the followed body, or 0
+    bool hasOrbit = false;      // the followed body has mass to orbit
+    bool isCircular = false;    // high and low points are the same distance
+    bool isEscaping = false;    // no high point: the craft leaves the followed body for good
+    NavMark high;               // farthest point of the orbit around the followed body
+    NavMark low;                // nearest point of the orbit around the followed body
+    const char* orbitBody = ""; // named when the orbit is around another than the followed body
     // The level's zone, drawn as one or two circles around its body.
     bool hasZone = false;
     Offset zoneCentre;

@@ -3,6 +3,7 @@
 #include "control/keys.h"
 #include "physics/numeric.h"
 
+#include <cmath>
 #include <cstdlib>
 
 namespace apsis {
@@ -59,7 +60,7 @@ void complete(Controller& c, int level, int counter) {
 void flyWithAids(Controller& c, int level, unsigned seed, int ticks) {
     fly(c, level, seed, ticks);
     c.toggleNavAids();
-    tick(c, 300);
+    tick(c, 600);
 }
 
 } // namespace
@@ -175,6 +176,19 @@ std::vector<Scene> scenes() {
         tick(c, 20);
         c.keyUp(kKeyUp);
         press(c, kKeySpace);
+        c.toggleNavAids();
+        tick(c, 300);
+    });
+    add("18-aids-level2-impact-ahead", [](Controller& c) {
+        fly(c, 2, 2, 3);
+        // Turned against the motion around Earth and burned: the low point sinks below ground.
+        const Position& p = c.game.player.pos;
+        const Position& e = c.game.earth.pos;
+        c.game.player.pos.angle = c.game.player.targetAngle =
+            balance(std::atan2(p.vy - e.vy, p.vx - e.vx) + kPi);
+        c.keyDown(kKeyUp);
+        tick(c, 80);
+        c.keyUp(kKeyUp);
         c.toggleNavAids();
         tick(c, 300);
     });
