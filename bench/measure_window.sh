@@ -53,4 +53,8 @@ sleep 0.3
 xdotool key space
 sleep 2
 echo "flight, world running: $(cpu_percent "$game" 20)% of a core"
+# The same flight with the navigation aids drawn, once they have looked a whole orbit ahead.
+xdotool key F2
+sleep 5
+echo "flight, world running, aids on: $(cpu_percent "$game" 20)% of a core"
 echo "peak resident memory: $(awk '/VmHWM/ { printf "%.1f MB", $2 / 1024 }' "/proc/$game/status")"

@@ -169,15 +169,14 @@ std::vector<Scene> scenes() {
         add("18-aids-level" + std::to_string(level),
             [level](Controller& c) { flyWithAids(c, level, static_cast<unsigned>(level), 10); });
     }
-    add("18-aids-level1-burn-paused", [](Controller& c) {
+    add("18-aids-level1-after-burn", [](Controller& c) {
         fly(c, 1, 2, 3);
         c.game.player.pos.angle = c.game.player.targetAngle = 0.3;
         c.keyDown(kKeyUp);
         tick(c, 20);
         c.keyUp(kKeyUp);
-        press(c, kKeySpace);
         c.toggleNavAids();
-        tick(c, 300);
+        tick(c, 150);
     });
     add("18-aids-level2-impact-ahead", [](Controller& c) {
         fly(c, 2, 2, 3);
