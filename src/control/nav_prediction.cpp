@@ -202,8 +202,13 @@ NavAids NavPrediction::aids(const Game& game, int level, bool isPartialObjective
                             const Stellar& followed) const {
     NavAids aids;
     const int reference = indexOf(game, followed);
-    aids.path.reserve(samples_.size());
-    for (const Sample& s : samples_)
+    // A path found for another world (a redraw before the first tick of a new attempt) shows
+    // nothing.
+    static const std::deque<Sample> none;
+    const std::deque<Sample>& samples =
+        level == level_ && !samples_.empty() && isSame(samples_.front(), game) ? samples_ : none;
+    aids.path.reserve(samples.size());
+    for (const Sample& s : samples)
         aids.path.push_back(offsetOf(s, reference));
     const Position& craft = game.player.pos;
     aids.craft = {craft.x - followed.pos.x, craft.y - followed.pos.y};
@@ -252,7 +257,7 @@ NavAids NavPrediction::aids(const Game& game, int level, bool isPartialObjective
         aids.target = {body.pos.x - followed.pos.x, body.pos.y - followed.pos.y};
         const int t = indexOf(game, body);
         double closest = -1;
-        for (const Sample& s : samples_) {
+        for (const Sample& s : samples) {
             const double dx = s.craft.x - s.bodyX[t];
             const double dy = s.craft.y - s.bodyY[t];
             const double d = std::sqrt(dx * dx + dy * dy);
@@ -266,10 +271,10 @@ NavAids NavPrediction::aids(const Game& game, int level, bool isPartialObjective
         aids.approach.value = closest;
         aids.approach.name = body.name;
     }
-    if (impactBody_ >= 0 && !samples_.empty()) {
+    if (impactBody_ >= 0 && !samples.empty()) {
         aids.impact.isShown = true;
-        aids.impact.at = offsetOf(samples_.back(), reference);
-        aids.impact.time = samples_.back().elapsed - game.elapsedTime;
+        aids.impact.at = offsetOf(samples.back(), reference);
+        aids.impact.time = samples.back().elapsed - game.elapsedTime;
         aids.impact.name = (game.*kBodyMembers[impactBody_]).name;
     }
     return aids;
