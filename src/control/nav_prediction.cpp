@@ -215,7 +215,10 @@ NavAids NavPrediction::aids(const Game& game, int level, bool isPartialObjective
     const double vx = craft.vx - followed.pos.vx;
     const double vy = craft.vy - followed.pos.vy;
     const double speed = std::hypot(vx, vy);
-    if (speed > 0)
+    // Below a tenth of a millimetre a second there is no way worth pointing at: a craft docked
+    // at a station shares its motion but for rounding.
+    aids.hasMotion = speed > 1e-4;
+    if (aids.hasMotion)
         aids.motion = {vx / speed, vy / speed};
     // A followed body without mass has no orbit: the orbit shown is then around the body that
     // pulls the craft hardest.

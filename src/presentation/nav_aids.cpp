@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
 
 namespace apsis {
 namespace {
@@ -153,11 +154,14 @@ void drawCircle(Canvas& canvas, const DrawView& view, ViewPoint c, double r, con
         canvas.strokePath(line.path(), color);
 }
 
-// A mark's name beside it, kept out of the strips where the display writes: the two columns at
-// the top and the scale along the bottom.
+// A mark's name beside it, left out where the display writes (the columns at the top, the scale
+// along the bottom, the fuel gauge): the lines under the left column, in the marks' colours, say
+// the same.
 void drawLabel(Canvas& canvas, const DrawView& view, ViewPoint p, const std::string& text) {
-    const double x = std::clamp(p.x + 7, 10.0, std::max(10.0, view.viewWidth - 80));
-    const double y = std::clamp(p.y + 3, 36.0, std::max(36.0, view.viewHeight - 150));
+    const double x = p.x + 7;
+    const double y = p.y + 3;
+    if (y < 36 || y + 14 > view.viewHeight - 150 || x + 60 > view.viewWidth - 30)
+        return;
     canvas.drawText(text, toPoint(x, y), kMarkStyle);
 }
 
@@ -193,7 +197,7 @@ void drawRing(Canvas& canvas, ViewPoint p, double r, const Color& color) {
 
 // Ahead of the craft a ring with a dot (the way it moves), behind it a ring with a cross.
 void drawMotion(Canvas& canvas, const DrawView& view, const NavAids& aids) {
-    if (aids.motion.x == 0.0 && aids.motion.y == 0.0)
+    if (!aids.hasMotion)
         return;
     const ViewPoint c = place(view, aids.craft);
     const ViewPoint ahead{c.x + aids.motion.x * kMotionReach, c.y + aids.motion.y * kMotionReach};
@@ -212,33 +216,43 @@ std::string inHowLong(double time) {
 
 // The aids' own lines, under the display's left column and in its rhythm of 12 points.
 void drawNotes(Canvas& canvas, const DrawView& view, const NavAids& aids) {
-    std::vector<std::string> lines;
+    // Each line in the colour of its mark on the path, so the text is the marks' legend.
+    std::vector<std::pair<std::string, Color>> lines;
+    const Color plain = kAidStyle.color;
     if (aids.hasOrbit) {
         const std::string around =
             *aids.orbitBody != '\0' ? std::string(" (") + aids.orbitBody + ")" : "";
         if (aids.isEscaping)
-            lines.push_back("High" + around + ": escape");
+            lines.emplace_back("High" + around + ": escape", kHighColor);
         else
-            lines.push_back("High" + around + ": " + formatDist(aids.high.value) +
-                            (aids.isCircular ? "" : inHowLong(aids.high.time)));
-        lines.push_back("Low" + around + ": " + formatDist(aids.low.value) +
-                        (aids.isCircular ? "" : inHowLong(aids.low.time)));
+            lines.emplace_back("High" + around + ": " + formatDist(aids.high.value) +
+                                   (aids.isCircular ? "" : inHowLong(aids.high.time)),
+                               kHighColor);
+        lines.emplace_back("Low" + around + ": " + formatDist(aids.low.value) +
+                               (aids.isCircular ? "" : inHowLong(aids.low.time)),
+                           kLowColor);
     }
     if (aids.hasZone) {
         const std::string outer = formatDist(aids.zoneOuter - aids.zoneSurface);
-        lines.push_back(aids.zoneInner > 0
-                            ? "Zone: " + formatDist(aids.zoneInner - aids.zoneSurface) + " to " +
-                                  outer + " from " + aids.zoneBody
-                            : "Zone: under " + outer + " from " + aids.zoneBody);
+        lines.emplace_back(aids.zoneInner > 0
+                               ? "Zone: " + formatDist(aids.zoneInner - aids.zoneSurface) + " to " +
+                                     outer + " from " + aids.zoneBody
+                               : "Zone: under " + outer + " from " + aids.zoneBody,
+                           plain);
     }
     if (aids.approach.isShown)
-        lines.push_back(std::string("Closest to ") + aids.approach.name + ": " +
-                        formatDist(aids.approach.value) + inHowLong(aids.approach.time));
+        lines.emplace_back(std::string("Closest to ") + aids.approach.name + ": " +
+                               formatDist(aids.approach.value) + inHowLong(aids.approach.time),
+                           kTargetColor);
     if (aids.impact.isShown)
-        lines.push_back(std::string("Impact on ") + aids.impact.name + inHowLong(aids.impact.time));
+        lines.emplace_back(std::string("Impact on ") + aids.impact.name +
+                               inHowLong(aids.impact.time),
+                           kImpactColor);
     double y = view.viewHeight - 94;
-    for (const std::string& line : lines) {
-        canvas.drawText(line, toPoint(10, y), kAidStyle);
+    for (const auto& [line, color] : lines) {
+        TextStyle style = kAidStyle;
+        style.color = color;
+        canvas.drawText(line, toPoint(10, y), style);
         y -= 12;
     }
 }

@@ -26,7 +26,8 @@ struct NavMark {
 struct NavAids {
     std::vector<Offset> path;   // the craft now, then after each world step ahead, keys let go
     Offset craft;               // the craft now
-    Offset motion;              // unit direction of motion relative to the followed body, or 0
+    bool hasMotion = false;     // the craft moves relative to the followed body, not merely drifts
+    Offset motion;              // unit direction of motion relative to the followed body
     bool hasOrbit = false;      // the followed body has mass to orbit
     bool isCircular = false;    // high and low points are the same distance
     bool isEscaping = false;    // no high point: the craft leaves the followed body for good
