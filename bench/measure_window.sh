@@ -102,3 +102,11 @@ if [ -n "$peer" ]; then
     echo "KSpaceDuel at $size, in the same 20 s: $(percent "$peer_before" "$(cpu_ticks "$peer")" 20)% of a core"
 fi
 echo "peak resident memory: $(peak_memory "$game")"
+
+# The same flight with the navigation aids drawn, once they have looked a whole orbit ahead.
+xdotool windowactivate --sync "$game_window"
+xdotool key F2
+sleep 5
+game_before=$(cpu_ticks "$game")
+sleep 20
+echo "flight at $size, world running, aids on: $(percent "$game_before" "$(cpu_ticks "$game")" 20)% of a core"

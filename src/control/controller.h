@@ -1,5 +1,6 @@
 #pragma once
 
+#include "control/nav_prediction.h"
 #include "presentation/draw_view.h"
 #include "world/game.h"
 
@@ -41,6 +42,8 @@ struct Controller {
     bool isThrottlingUp = false;         // x held
     bool isThrottlingDown = false;       // z held
     double desiredThrottle = 1.0;        // the throttle asked for; may stray past the craft's range
+    bool isShowingNavAids = false;       // F2: the path ahead and the goal drawn over the flight
+    NavPrediction navPrediction;         // the path ahead, kept while the aids show
 
     Controller();
     Controller(const Controller&) = delete;
@@ -61,6 +64,9 @@ struct Controller {
     void drawRect();
     // Judges the attempt after a world step: crashes, dockings, held orbits.
     void checkObjectives();
+    // The navigation aids: turned on and off in flight only; they only add to the picture.
+    void toggleNavAids();
+    void drawNavAidsOver();
 };
 
 } // namespace apsis

@@ -107,6 +107,8 @@ void Controller::doFrame() {
     drawView.moveCamera(game.timeStep, game.running);
     if (game.running)
         checkObjectives();
+    if (isShowingNavAids)
+        navPrediction.update(game, level, drawView.viewTarget);
     needsRedraw = true;
 }
 

@@ -31,6 +31,7 @@ void Controller::drawRect() {
             drawView.drawFlag(game);
         else
             drawView.drawPlay(game);
+        drawNavAidsOver();
         break;
     case MODE_RESTART_FADE:
     case MODE_COLLISION_FADE:

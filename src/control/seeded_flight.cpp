@@ -8,8 +8,8 @@ namespace apsis {
 void flySeeded(Controller& c, int n, unsigned seed) {
     seedRandomAngles(seed);
     c.startLevel(n);
-    for (int i = 0; i < 2;
-         ++i) { // the briefing gives way to the still scene, then the world starts
+    // The briefing gives way to the still scene, then the world starts.
+    for (int i = 0; i < 2; ++i) {
         c.keyDown(kKeySpace);
         c.keyUp(kKeySpace);
     }

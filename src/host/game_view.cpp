@@ -83,6 +83,14 @@ void GameView::paintEvent(QPaintEvent* event) {
 }
 
 void GameView::keyPressEvent(QKeyEvent* event) {
+    // F2 belongs to the window, like F11: it has no text, so the game never sees it.
+    if (event->key() == Qt::Key_F2) {
+        if (!event->isAutoRepeat()) {
+            ctrl_->toggleNavAids();
+            wholeView_ = true;
+        }
+        return;
+    }
     if (!keys_.press(*event))
         QWidget::keyPressEvent(event);
 }

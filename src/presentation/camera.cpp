@@ -27,6 +27,10 @@ ViewPoint DrawView::worldToView(double x, double y) const {
             viewHeight * (y - (viewCenter.y - viewScaleH / 2)) / viewScaleH};
 }
 
+double DrawView::lengthToView(double metres) const {
+    return metres * viewWidth / viewScale;
+}
+
 void DrawView::moveCamera(double timeStep, bool isRunning) {
     // Glide: 12% of the way towards the followed body in every frame, so a change of body is a
     // smooth pan rather than a jump.

@@ -30,8 +30,9 @@ struct DrawView {
     // surface without area, the previous sizes stay.
     void initSizes();
 
-    // World to view: where a world point (m) lands.
+    // World to view: where a world point (m) lands, and how many points a world length covers.
     ViewPoint worldToView(double x, double y) const;
+    double lengthToView(double metres) const;
     // One flight frame of the camera: the centre closes 12% of its distance to viewTarget and,
     // while the world runs, moves on with the target's velocity over timeStep seconds.
     void moveCamera(double timeStep, bool isRunning);

@@ -130,7 +130,7 @@ QImage drawInstructions() {
 
     drawSection(painter, 138, "IN FLIGHT");
     double y = 184;
-    const double step = 47;
+    const double step = 43;
     drawRow(painter, y, {{"", Arrow::Up}}, "Fire the engine");
     drawRow(painter, y += step, {{"", Arrow::Left}, {"", Arrow::Right}}, "Turn left, turn right");
     drawRow(painter, y += step, {{"Space"}}, "Start the flight, or pause it");
@@ -138,6 +138,7 @@ QImage drawInstructions() {
     drawRow(painter, y += step, {{"s"}, {"a"}}, "Time faster, time slower");
     drawRow(painter, y += step, {{"w"}, {"q"}}, "Zoom in, zoom out (time slows or quickens too)");
     drawRow(painter, y += step, {{"Tab"}}, "Start the level again");
+    drawRow(painter, y += step, {{"F2"}}, "Navigation aids: the path ahead and the goal");
     drawRow(painter, y + step, {{"Esc"}}, "Back to the menu");
 
     drawSection(painter, 580, "ON THE MENUS");

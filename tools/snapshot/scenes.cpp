@@ -4,6 +4,9 @@
 #include "control/seeded_flight.h"
 #include "physics/numeric.h"
 
+#include <cmath>
+#include <cstdlib>
+
 namespace apsis {
 namespace {
 
@@ -48,6 +51,14 @@ void complete(Controller& c, int level, int counter) {
     fly(c, level, 7, 5);
     c.setMode(MODE_LEVEL_COMPLETE);
     c.counter = counter;
+}
+
+// A level in flight with the navigation aids on, given the ticks they need to look a whole orbit
+// ahead.
+void flyWithAids(Controller& c, int level, unsigned seed, int ticks) {
+    fly(c, level, seed, ticks);
+    c.toggleNavAids();
+    tick(c, 600);
 }
 
 } // namespace
@@ -151,6 +162,37 @@ std::vector<Scene> scenes() {
     add("17-collision", [](Controller& c) {
         fly(c, 1, 2, 3);
         c.setMode(MODE_COLLISION);
+    });
+    for (const int level : {1, 2, 3, 5, 7, 8}) {
+        add("18-aids-level" + std::to_string(level),
+            [level](Controller& c) { flyWithAids(c, level, static_cast<unsigned>(level), 10); });
+    }
+    add("18-aids-level1-after-burn", [](Controller& c) {
+        fly(c, 1, 2, 3);
+        c.game.player.pos.angle = c.game.player.targetAngle = 0.3;
+        c.keyDown(kKeyUp);
+        tick(c, 20);
+        c.keyUp(kKeyUp);
+        c.toggleNavAids();
+        tick(c, 150);
+    });
+    add("18-aids-level2-impact-ahead", [](Controller& c) {
+        fly(c, 2, 2, 3);
+        // Turned against the motion around Earth and burned: the low point sinks below ground.
+        const Position& p = c.game.player.pos;
+        const Position& e = c.game.earth.pos;
+        c.game.player.pos.angle = c.game.player.targetAngle =
+            balance(std::atan2(p.vy - e.vy, p.vx - e.vx) + kPi);
+        c.keyDown(kKeyUp);
+        tick(c, 80);
+        c.keyUp(kKeyUp);
+        c.toggleNavAids();
+        tick(c, 300);
+    });
+    add("18-aids-level7-countdown", [](Controller& c) {
+        flyWithAids(c, 7, 7, 3);
+        c.isCountingDown = true;
+        c.countDownTime = 86399.5;
     });
     return all;
 }

@@ -1,0 +1,292 @@
+#include "control/nav_prediction.h"
+
+#include "world/levels.h"
+
+#include <cmath>
+
+namespace apsis {
+namespace {
+
+// The bodies in the order a Sample keeps them.
+constexpr Stellar Game::*kBodyMembers[NavPrediction::kBodies] = {
+    &Game::sun,     &Game::venus,     &Game::earth,   &Game::moon,     &Game::mars,
+    &Game::jupiter, &Game::satellite, &Game::station, &Game::asteroid,
+};
+
+// The bodies that end a flight on contact, as the attempt's own rules test them.
+constexpr int kHardBodies[] = {2, 3, 1, 4, 5, 0, 8};
+
+int indexOf(const Game& game, const Stellar& body) {
+    for (int i = 0; i < NavPrediction::kBodies; ++i) {
+        if ((game.*kBodyMembers[i]).name == body.name)
+            return i;
+    }
+    return 0;
+}
+
+NavPrediction::Sample sampleOf(const Game& game) {
+    NavPrediction::Sample s;
+    s.craft = game.player.pos;
+    s.fuel = game.player.fuel;
+    s.targetAngle = game.player.targetAngle;
+    s.elapsed = game.elapsedTime;
+    for (int i = 0; i < NavPrediction::kBodies; ++i) {
+        s.bodyX[i] = (game.*kBodyMembers[i]).pos.x;
+        s.bodyY[i] = (game.*kBodyMembers[i]).pos.y;
+    }
+    return s;
+}
+
+// The world then and now are the same to the last bit, as far as the path can tell.
+bool isSame(const NavPrediction::Sample& s, const Game& game) {
+    const Position& p = game.player.pos;
+    if (s.craft.x != p.x || s.craft.y != p.y || s.craft.vx != p.vx || s.craft.vy != p.vy ||
+        s.craft.angle != p.angle || s.craft.av != p.av || s.fuel != game.player.fuel ||
+        s.targetAngle != game.player.targetAngle || s.elapsed != game.elapsedTime)
+        return false;
+    for (int i = 0; i < NavPrediction::kBodies; ++i) {
+        if (s.bodyX[i] != (game.*kBodyMembers[i]).pos.x ||
+            s.bodyY[i] != (game.*kBodyMembers[i]).pos.y)
+            return false;
+    }
+    return true;
+}
+
+double angleAround(const NavPrediction::Sample& s, int reference) {
+    return std::atan2(s.craft.y - s.bodyY[reference], s.craft.x - s.bodyX[reference]);
+}
+
+Offset offsetOf(const NavPrediction::Sample& s, int reference) {
+    return {s.craft.x - s.bodyX[reference], s.craft.y - s.bodyY[reference]};
+}
+
+// High and low points of the orbit around the followed body, from its mass and the craft's place
+// and velocity relative to it: the two-body orbit through the craft's present state.
+void findOrbit(NavAids& aids, const Game& game, const Stellar& body) {
+    const double mu = G * body.mass;
+    const double rx = game.player.pos.x - body.pos.x;
+    const double ry = game.player.pos.y - body.pos.y;
+    const double vx = game.player.pos.vx - body.pos.vx;
+    const double vy = game.player.pos.vy - body.pos.vy;
+    const double r = std::hypot(rx, ry);
+    if (!(mu > 0) || !(r > 0))
+        return;
+    aids.hasOrbit = true;
+    const double v2 = vx * vx + vy * vy;
+    const double rv = rx * vx + ry * vy;
+    const double h = rx * vy - ry * vx; // positive counter-clockwise
+    // The eccentricity vector points from the body to the low point.
+    const double ex = ((v2 - mu / r) * rx - rv * vx) / mu;
+    const double ey = ((v2 - mu / r) * ry - rv * vy) / mu;
+    const double e = std::hypot(ex, ey);
+    const double p = h * h / mu; // semi-latus rectum, m
+    const double surface = body.cRadius + game.player.cRadius;
+    const double low = p / (1 + e);
+    aids.isEscaping = e >= 1;
+    aids.isCircular = e < 1e-6;
+    const double ux = aids.isCircular ? rx / r : ex / e;
+    const double uy = aids.isCircular ? ry / r : ey / e;
+    aids.low.isShown = true;
+    aids.low.at = {ux * low, uy * low};
+    aids.low.value = low - surface;
+    aids.low.time = -1;
+    aids.high.time = -1;
+    if (!aids.isEscaping) {
+        const double high = p / (1 - e);
+        aids.high.isShown = true;
+        aids.high.at = {-ux * high, -uy * high};
+        aids.high.value = high - surface;
+    }
+    if (aids.isCircular)
+        return;
+    // Where on the orbit the craft is, measured from the low point the way it flies.
+    const double nu = std::atan2(ux * ry - uy * rx, ux * rx + uy * ry) * (h < 0 ? -1 : 1);
+    const double a = p / (1 - e * e);
+    if (!aids.isEscaping) {
+        const double n = std::sqrt(mu / (a * a * a));
+        const double ecc = 2 * std::atan(std::sqrt((1 - e) / (1 + e)) * std::tan(nu / 2));
+        const double mean = ecc - e * std::sin(ecc); // -pi to pi, 0 at the low point
+        aids.low.time = (mean <= 0 ? -mean : kTwoPi - mean) / n;
+        aids.high.time = (kPi - mean) / n;
+    } else if (nu < 0 && e > 1) {
+        // Still falling towards the low point of an escape path.
+        const double reach = -a;
+        const double n = std::sqrt(mu / (reach * reach * reach));
+        const double f = 2 * std::atanh(std::sqrt((e - 1) / (e + 1)) * std::tan(nu / 2));
+        aids.low.time = -(e * std::sinh(f) - f) / n;
+    }
+}
+
+} // namespace
+
+void NavPrediction::clear() {
+    samples_.clear();
+    level_ = -1;
+    impactBody_ = -1;
+}
+
+void NavPrediction::update(const Game& game, int level, const Stellar& followed) {
+    // The world has taken at most one step since the last tick: it now stands at the first or the
+    // second sample, or the path no longer holds.
+    bool holds = level == level_ && game.timeStep == timeStep_ && !samples_.empty();
+    if (holds) {
+        if (samples_.size() > 1 && isSame(samples_[1], game))
+            samples_.pop_front();
+        else
+            holds = isSame(samples_.front(), game);
+    }
+    if (!holds)
+        rebuild(game, level);
+    const int reference = indexOf(game, followed);
+    if (reference != reference_)
+        turnAround(reference);
+    for (int i = 0; i < kStepsPerTick && !isHorizonReached(); ++i)
+        extend();
+}
+
+void NavPrediction::rebuild(const Game& game, int level) {
+    level_ = level;
+    timeStep_ = game.timeStep;
+    impactBody_ = -1;
+    world_.running = game.running;
+    world_.timeStep = game.timeStep;
+    world_.elapsedTime = game.elapsedTime;
+    world_.timeLimit = game.timeLimit;
+    world_.difficulty = game.difficulty;
+    for (const auto body : kBodyMembers)
+        world_.*body = game.*body;
+    world_.player = game.player;
+    // Every key let go.
+    world_.player.isTurningLeft = false;
+    world_.player.isTurningRight = false;
+    world_.player.isAccelerating = false;
+    samples_.clear();
+    samples_.push_back(sampleOf(world_));
+}
+
+void NavPrediction::extend() {
+    world_.doFrame(level_);
+    Sample next = sampleOf(world_);
+    const Sample& last = samples_.back();
+    next.turn =
+        last.turn +
+        std::remainder(angleAround(next, reference_) - angleAround(last, reference_), kTwoPi);
+    samples_.push_back(next);
+    for (const int i : kHardBodies) {
+        const Stellar& body = world_.*kBodyMembers[i];
+        if (std::sqrt(sqDist(world_.player.pos, body.pos)) < body.cRadius) {
+            impactBody_ = i;
+            break;
+        }
+    }
+}
+
+// Counts the turns again around another body.
+void NavPrediction::turnAround(int reference) {
+    reference_ = reference;
+    for (std::size_t i = 1; i < samples_.size(); ++i) {
+        samples_[i].turn =
+            samples_[i - 1].turn + std::remainder(angleAround(samples_[i], reference) -
+                                                      angleAround(samples_[i - 1], reference),
+                                                  kTwoPi);
+    }
+}
+
+// Far enough: one whole turn round the followed body, an impact, or the longest path.
+bool NavPrediction::isHorizonReached() const {
+    return impactBody_ >= 0 || samples_.size() >= kMostSteps ||
+           std::abs(samples_.back().turn - samples_.front().turn) >= kTwoPi;
+}
+
+NavAids NavPrediction::aids(const Game& game, int level, bool isPartialObjectiveDone,
+                            const Stellar& followed) const {
+    NavAids aids;
+    const int reference = indexOf(game, followed);
+    // A path found for another world (a redraw before the first tick of a new attempt) shows
+    // nothing.
+    static const std::deque<Sample> none;
+    const std::deque<Sample>& samples =
+        level == level_ && !samples_.empty() && isSame(samples_.front(), game) ? samples_ : none;
+    aids.path.reserve(samples.size());
+    for (const Sample& s : samples)
+        aids.path.push_back(offsetOf(s, reference));
+    const Position& craft = game.player.pos;
+    aids.craft = {craft.x - followed.pos.x, craft.y - followed.pos.y};
+    const double vx = craft.vx - followed.pos.vx;
+    const double vy = craft.vy - followed.pos.vy;
+    const double speed = std::hypot(vx, vy);
+    // Below a tenth of a millimetre a second there is no way worth pointing at: a craft docked
+    // at a station shares its motion but for rounding.
+    aids.hasMotion = speed > 1e-4;
+    if (aids.hasMotion)
+        aids.motion = {vx / speed, vy / speed};
+    // A followed body without mass has no orbit: the orbit shown is then around the body that
+    // pulls the craft hardest.
+    const Stellar* centre = &followed;
+    if (!(followed.mass > 0)) {
+        double strongest = 0;
+        for (int i = 0; i < 6; ++i) {
+            const Stellar& body = game.*kBodyMembers[i];
+            const double pull = body.mass / sqDist(craft, body.pos);
+            if (pull > strongest) {
+                strongest = pull;
+                centre = &body;
+            }
+        }
+    }
+    findOrbit(aids, game, *centre);
+    if (centre != &followed) {
+        aids.orbitBody = centre->name;
+        for (NavMark* mark : {&aids.high, &aids.low}) {
+            mark->at.x += centre->pos.x - followed.pos.x;
+            mark->at.y += centre->pos.y - followed.pos.y;
+        }
+    }
+
+    // The level's goal: the orbit to hold, or the body to reach next (in level 8 the asteroid
+    // until it has been passed).
+    const Level& row = levelAt(level);
+    if (row.zoneBody != nullptr) {
+        const Stellar& body = game.*row.zoneBody;
+        aids.hasZone = true;
+        aids.zoneCentre = {body.pos.x - followed.pos.x, body.pos.y - followed.pos.y};
+        aids.zoneInner = row.zoneInner > 0 ? row.zoneInner : 0;
+        aids.zoneOuter = row.zoneOuter;
+        aids.zoneBody = body.name;
+        aids.zoneSurface = body.cRadius + game.player.cRadius;
+    }
+    Stellar Game::*target = row.satelliteTouch == Touch::Dock ? &Game::satellite
+                            : row.stationTouch == Touch::Dock ? &Game::station
+                                                              : nullptr;
+    if (row.passAsteroidFirst && !isPartialObjectiveDone)
+        target = &Game::asteroid;
+    if (target != nullptr && (game.*target).isActive) {
+        const Stellar& body = game.*target;
+        aids.hasTarget = true;
+        aids.target = {body.pos.x - followed.pos.x, body.pos.y - followed.pos.y};
+        const int t = indexOf(game, body);
+        double closest = -1;
+        for (const Sample& s : samples) {
+            const double dx = s.craft.x - s.bodyX[t];
+            const double dy = s.craft.y - s.bodyY[t];
+            const double d = std::sqrt(dx * dx + dy * dy);
+            if (closest < 0 || d < closest) {
+                closest = d;
+                aids.approach.at = offsetOf(s, reference);
+                aids.approach.time = s.elapsed - game.elapsedTime;
+            }
+        }
+        aids.approach.isShown = closest >= 0;
+        aids.approach.value = closest;
+        aids.approach.name = body.name;
+    }
+    if (impactBody_ >= 0 && !samples.empty()) {
+        aids.impact.isShown = true;
+        aids.impact.at = offsetOf(samples.back(), reference);
+        aids.impact.time = samples.back().elapsed - game.elapsedTime;
+        aids.impact.name = (game.*kBodyMembers[impactBody_]).name;
+    }
+    return aids;
+}
+
+} // namespace apsis

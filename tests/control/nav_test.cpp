@@ -1,0 +1,184 @@
+#include "control/nav_prediction.h"
+#include "control/play.h"
+#include "support/fake_resources.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace apsis {
+namespace {
+
+using Call = RecordingCanvas::Call;
+
+bool sameCall(const Call& a, const Call& b) {
+    return a.op == b.op && a.rect == b.rect && a.source == b.source && a.color == b.color &&
+           a.path.elements == b.path.elements && a.picture == b.picture && a.opacity == b.opacity &&
+           a.text == b.text && a.at == b.at && a.style == b.style;
+}
+
+// Two flights with the same keys, one of them with the aids turned on for a while and off again:
+// the off flight draws what the game always drew, and the aids, while on, only add to it.
+TEST(NavAids, OffChangesNothingAndOnOnlyAddsToThePicture) {
+    ScopedFakeResources files;
+    Controller plain;
+    Controller aided;
+    RecordingCanvas plainCanvas({800.0f, 600.0f});
+    RecordingCanvas aidedCanvas({800.0f, 600.0f});
+    for (Controller* c : {&plain, &aided}) {
+        flySeeded(*c, 1, 5);
+    }
+    for (int tick = 0; tick < 60; ++tick) {
+        const bool on = tick >= 10 && tick < 40;
+        if (on != aided.isShowingNavAids)
+            aided.toggleNavAids();
+        for (Controller* c : {&plain, &aided}) {
+            c->keyDown(tick % 20 < 5 ? kKeyUp : kKeyLeft); // burns and turns, the aids' hardest
+            c->doFrame();
+            c->keyUp(tick % 20 < 5 ? kKeyUp : kKeyLeft);
+        }
+        ASSERT_EQ(plain.game.player.pos.x, aided.game.player.pos.x) << tick;
+        ASSERT_EQ(plain.mode, aided.mode) << tick;
+        play::redraw(plain, plainCanvas);
+        play::redraw(aided, aidedCanvas);
+        const auto& base = plainCanvas.calls;
+        const auto& over = aidedCanvas.calls;
+        ASSERT_EQ(over.size() > base.size(), on) << tick;
+        for (std::size_t i = 0; i < base.size(); ++i)
+            ASSERT_TRUE(sameCall(base[i], over[i])) << "tick " << tick << " call " << i;
+    }
+}
+
+// The craft left alone flies through the predicted places to the last bit, also after a burn
+// and a change of time step have made the path be found again.
+TEST(NavPrediction, TheCraftLeftAloneFliesExactlyAlongThePath) {
+    ScopedFakeResources files;
+    struct Case {
+        int level;
+        unsigned short key; // held for a few ticks before the path is checked
+    };
+    for (const Case& test :
+         {Case{1, 0}, Case{1, kKeyUp}, Case{2, kKeyS}, Case{4, kKeyRight}, Case{8, kKeyUp}}) {
+        Controller c;
+        flySeeded(c, test.level, 9);
+        c.toggleNavAids();
+        if (test.key != 0) {
+            c.keyDown(test.key);
+            play::ticks(c, 4);
+            c.keyUp(test.key);
+        }
+        play::ticks(c, 40);
+        const auto path = c.navPrediction.samples();
+        ASSERT_GT(path.size(), 60u) << test.level;
+        for (std::size_t k = 1; k < 60; ++k) {
+            c.doFrame();
+            ASSERT_EQ(c.mode, MODE_PLAY);
+            const Position& p = c.game.player.pos;
+            EXPECT_TRUE(p.x == path[k].craft.x && p.y == path[k].craft.y &&
+                        p.vx == path[k].craft.vx && p.vy == path[k].craft.vy)
+                << "level " << test.level << " step " << k;
+        }
+    }
+}
+
+// High and low points of orbits whose shape is known: the level starts are circles; a craft
+// 1.2 times as fast as a circle at 7,000 km has its low point there and its high point at
+// 7,000 km * 1.44 / 0.56, half an orbit ahead; 1.5 times as fast, it escapes.
+TEST(NavAids, HighAndLowPointsOfKnownOrbits) {
+    ScopedFakeResources files;
+    struct Case {
+        int level;
+        double speedUp; // 0 keeps the level's own start
+        double low;     // m from Earth's centre
+        double high;    // m; 0 for an escape
+    };
+    const double surface = 6380000.0 + 2.0;
+    const double mu = G * 5.98e24;
+    for (const Case& test : {Case{1, 0, 26378000, 26378000}, Case{2, 0, 6678000, 6678000},
+                             Case{0, 1.2, 7e6, 7e6 * 1.44 / 0.56}, Case{0, 1.5, 7e6, 0}}) {
+        seedRandomAngles(4);
+        Game game;
+        game.setLevel(test.level);
+        if (test.speedUp != 0) {
+            const double v = test.speedUp * std::sqrt(mu / 7e6);
+            game.player.pos = game.earth.pos;
+            game.player.pos.x += 7e6;
+            game.player.pos.vy += v;
+        }
+        NavPrediction prediction;
+        const NavAids aids = prediction.aids(game, test.level, false, game.earth);
+        ASSERT_TRUE(aids.hasOrbit);
+        EXPECT_NEAR(aids.low.value + surface, test.low, 1.0) << test.level;
+        EXPECT_EQ(aids.isEscaping, test.high == 0) << test.level;
+        if (test.high != 0) {
+            EXPECT_NEAR(aids.high.value + surface, test.high, 1.0) << test.level;
+        }
+        if (test.speedUp == 1.2) {
+            const double a = 7e6 / (2 - 1.44);
+            EXPECT_NEAR(aids.high.time, kPi * std::sqrt(a * a * a / mu), 1.0);
+            EXPECT_NEAR(aids.low.at.x, 7e6, 1.0);
+            EXPECT_NEAR(aids.high.at.x, -7e6 * 1.44 / 0.56, 1.0);
+        }
+    }
+}
+
+// The closest approach to the target along the path is the closest the craft then comes, and
+// when it comes: to the satellite in level 5, and in level 8 to the asteroid, the craft put a
+// little off its track.
+TEST(NavAids, ClosestApproachIsWhatTheFlightThenReaches) {
+    ScopedFakeResources files;
+    for (const int level : {5, 8}) {
+        Controller c;
+        flySeeded(c, level, 11);
+        if (level == 8) {
+            Position& p = c.game.player.pos;
+            p = c.game.asteroid.pos;
+            p.x += 900.0;
+            p.vx -= 3.0;
+            p.vy += 0.5;
+            c.game.timeStep = 10.0;
+        }
+        c.toggleNavAids();
+        play::ticks(c, 20);
+        const NavAids aids = c.navPrediction.aids(c.game, level, false, c.drawView.viewTarget);
+        ASSERT_TRUE(aids.approach.isShown);
+        const Stellar& target = level == 5 ? c.game.satellite : c.game.asteroid;
+        const double start = c.game.elapsedTime;
+        double closest = std::sqrt(sqDist(c.game.player.pos, target.pos));
+        double when = 0;
+        const std::size_t steps = c.navPrediction.samples().size() - 1;
+        for (std::size_t k = 0; k < steps && c.mode == MODE_PLAY; ++k) {
+            c.doFrame();
+            const double d = std::sqrt(sqDist(c.game.player.pos, target.pos));
+            if (d < closest) {
+                closest = d;
+                when = c.game.elapsedTime - start;
+            }
+        }
+        EXPECT_EQ(aids.approach.value, closest) << level;
+        EXPECT_EQ(aids.approach.time, when) << level;
+        if (level == 8) {
+            EXPECT_LT(closest, 250.0);
+        }
+    }
+}
+
+// F2 acts in flight only, paused or running, and nowhere else.
+TEST(NavAids, TurnOnAndOffInFlightOnly) {
+    ScopedFakeResources files;
+    Controller c;
+    for (const MODE mode : {MODE_MENU, MODE_LEVEL, MODE_CHOICE, MODE_INSTRUCTIONS, MODE_COLLISION,
+                            MODE_LEVEL_COMPLETE, MODE_RESTART_FADE}) {
+        c.setMode(mode);
+        c.toggleNavAids();
+        EXPECT_FALSE(c.isShowingNavAids) << mode;
+    }
+    play::toStillFlight(c, 1, 1);
+    c.toggleNavAids();
+    EXPECT_TRUE(c.isShowingNavAids);
+    play::press(c, kKeySpace);
+    c.toggleNavAids();
+    EXPECT_FALSE(c.isShowingNavAids);
+}
+
+} // namespace
+} // namespace apsis
