@@ -91,8 +91,8 @@ struct Monkey {
         }
     }
 
-    // On the set-up screen the keeper picks a level in turn; in flight it meets the level's
-    // goal, crashes, or flings the craft away.
+    // On the set-up screen the keeper picks a level in turn; in flight it ends a held orbit,
+    // crashes, or flings the craft away.
     void keeper() {
         if (c.mode == MODE_CHOICE) {
             c.level = 1 + static_cast<int>(ticks % (kLevelCount - 1));
@@ -101,24 +101,15 @@ struct Monkey {
         }
         if (c.mode != MODE_PLAY || !c.game.running)
             return;
-        Game& g = c.game;
-        const Level& row = levelAt(c.level);
-        Position& ship = g.player.pos;
+        Position& ship = c.game.player.pos;
         switch (pick(0, 4)) {
-        case 0: // the goal
-            if (row.passAsteroidFirst && !c.isPartialObjectiveDone)
-                ship = g.asteroid.pos;
-            else if (row.satelliteTouch == Touch::Dock)
-                ship = g.satellite.pos;
-            else if (row.stationTouch == Touch::Dock)
-                ship = g.station.pos;
-            else if (row.zoneBody != nullptr)
-                g.player.putInOrbitAround(g.*row.zoneBody, row.zoneInner > 0
-                                                               ? (row.zoneInner + row.zoneOuter) / 2
-                                                               : 0.95 * row.zoneOuter);
+        case 0:
+            c.isCountingDown = true;
+            c.countDownTime = 0.0;
             break;
         case 1: // into Earth
-            ship = g.earth.pos;
+            ship = c.game.earth.pos;
+            ship.x += 1.0e6;
             break;
         case 2:
             ship.x = 1e30;
