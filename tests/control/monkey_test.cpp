@@ -2,7 +2,6 @@
 #include "support/fake_resources.h"
 #include "world/levels.h"
 
-#include <array>
 #include <bitset>
 #include <cmath>
 #include <gtest/gtest.h>
@@ -24,21 +23,16 @@ const std::vector<unsigned short> kKeyPool = {
     kKeyUp, kKeyDown, kKeyLeft, kKeyRight, kKeySpace, kKeySpace, kKeyTab, kKeyEscape, kKeyA, kKeyQ,
     kKeyS,  kKeyS,    kKeyW,    kKeyX,     kKeyZ,     'W',       13,      0,          0xFFFF};
 const std::vector<Size> kSurfaces = {{640, 480}, {1280, 800}, {1, 1}, {0, 480}};
-// The count each mode starts from; a timed mode's count stays between 1 and it, others' at 0.
-constexpr std::array<int, 11> kLongestCount = {10, 0, 0, 0, 0, 0, 0, 8, 8, 60, 200};
 
 bool sane(const Controller& c) {
-    if (c.mode < MODE_INTRO || c.mode > MODE_LEVEL_COMPLETE)
-        return false;
-    const int longest = kLongestCount[static_cast<std::size_t>(c.mode)];
     const double throttle = c.game.player.throttle;
     const double timeStep = c.game.timeStep;
     const double zoomRect = c.drawView.zoomRect;
-    return c.counter >= (longest > 0 ? 1 : 0) && c.counter <= longest && c.menuChoice >= 1 &&
-           c.menuChoice <= 4 && c.level >= 0 && c.level < kLevelCount && c.game.difficulty >= 1 &&
-           c.game.difficulty <= 3 && throttle >= 0.001 && throttle <= 1.0 &&
-           timeStep >= 1.0 / 30.0 && timeStep <= 1051200.0 &&
-           (zoomRect == 0.0 || (zoomRect >= 0.1 && zoomRect <= 1.0)) &&
+    return c.mode >= MODE_INTRO && c.mode <= MODE_LEVEL_COMPLETE && c.counter >= 0 &&
+           c.counter <= 200 && c.menuChoice >= 1 && c.menuChoice <= 4 && c.level >= 0 &&
+           c.level < kLevelCount && c.game.difficulty >= 1 && c.game.difficulty <= 3 &&
+           throttle >= 0.001 && throttle <= 1.0 && timeStep >= 1.0 / 30.0 &&
+           timeStep <= 1051200.0 && (zoomRect == 0.0 || (zoomRect >= 0.1 && zoomRect <= 1.0)) &&
            c.drawView.viewScale > 0.0 && std::isfinite(c.drawView.viewScale) &&
            (!c.game.running || c.mode == MODE_PLAY);
 }

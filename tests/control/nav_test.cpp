@@ -156,8 +156,7 @@ TEST(NavAids, ClosestApproachIsWhatTheFlightThenReaches) {
 TEST(NavAids, TurnOnAndOffInFlightOnly) {
     ScopedFakeResources files;
     Controller c;
-    for (const MODE mode : {MODE_MENU, MODE_LEVEL, MODE_CHOICE, MODE_INSTRUCTIONS, MODE_COLLISION,
-                            MODE_LEVEL_COMPLETE, MODE_RESTART_FADE}) {
+    for (const MODE mode : {MODE_MENU, MODE_LEVEL, MODE_LEVEL_COMPLETE, MODE_RESTART_FADE}) {
         c.setMode(mode);
         c.toggleNavAids();
         EXPECT_FALSE(c.isShowingNavAids) << mode;
