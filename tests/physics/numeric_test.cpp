@@ -65,17 +65,5 @@ TEST(Balance, KeepsBothEndsAndRoundsAsTheStepByStepLoop) {
     }
 }
 
-TEST(RandomAngle, StaysInOneTurnAndFollowsTheSeed) {
-    seedRandomAngles(7);
-    double first[20];
-    for (double& angle : first) {
-        angle = randomAngle();
-        EXPECT_TRUE(angle >= 0.0 && angle <= kTwoPi) << angle;
-    }
-    seedRandomAngles(7);
-    for (const double angle : first)
-        EXPECT_EQ(randomAngle(), angle);
-}
-
 } // namespace
 } // namespace apsis
