@@ -13,9 +13,8 @@
 namespace apsis {
 namespace {
 
-// A monkey at the keyboard: a seeded stream of presses, releases and ticks with a redraw after
-// every tick, now and then a keeper who moves the craft where the keys alone would take hours
-// (onto its goal, into a planet, out to absurd distances), and now and then a window of another
+// A monkey at the keyboard: seeded presses, releases and ticks with a redraw after each tick, now
+// and then a keeper who ends a hold, crashes or flings the craft, now and then a window of another
 // shape. After every event the controller must still make sense.
 
 // Every key the game reads, and some it does not: capitals, Return, the null code, the top.
@@ -85,8 +84,7 @@ struct Monkey {
         }
     }
 
-    // On the set-up screen the keeper picks a level in turn; in flight it ends a held orbit,
-    // crashes, or flings the craft away.
+    // On the set-up screen the keeper picks a level in turn.
     void keeper() {
         if (c.mode == MODE_CHOICE) {
             c.level = 1 + static_cast<int>(ticks % (kLevelCount - 1));

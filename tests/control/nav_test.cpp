@@ -21,10 +21,8 @@ bool sameCall(const Call& a, const Call& b) {
 // the off flight draws what the game always drew, and the aids, while on, only add to it.
 TEST(NavAids, OffChangesNothingAndOnOnlyAddsToThePicture) {
     ScopedFakeResources files;
-    Controller plain;
-    Controller aided;
-    RecordingCanvas plainCanvas({800.0f, 600.0f});
-    RecordingCanvas aidedCanvas({800.0f, 600.0f});
+    Controller plain, aided;
+    RecordingCanvas plainCanvas({800.0f, 600.0f}), aidedCanvas({800.0f, 600.0f});
     flySeeded(plain, 1, 5);
     flySeeded(aided, 1, 5);
     for (int tick = 0; tick < 60; ++tick) {

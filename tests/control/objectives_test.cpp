@@ -15,6 +15,14 @@ void placeBeside(Game& game, Stellar& body, double dx, double speed = 0.0) {
     game.player.pos = Position(kSpotX + dx, 0.0, speed, 0.0);
 }
 
+// Flies level with the seed's layout and the craft placed beside one of its bodies.
+Stellar& flyBeside(Controller& c, int level, unsigned seed, Stellar Game::*body, double dx,
+                   double speed = 0.0) {
+    flySeeded(c, level, seed);
+    placeBeside(c.game, c.game.*body, dx, speed);
+    return c.game.*body;
+}
+
 TEST(Objectives, HoldingTheOrbitCompletesWhenTheCountFallsBelowZeroInTime) {
     Controller c;
     flySeeded(c, 1, 30); // 150 s per tick, hold 21600 s within 9378000 m of Earth
@@ -28,8 +36,7 @@ TEST(Objectives, HoldingTheOrbitCompletesWhenTheCountFallsBelowZeroInTime) {
 
     // Late, at the limit itself, the count goes on below zero and completes nothing.
     Controller d;
-    flySeeded(d, 3, 31);
-    placeBeside(d.game, d.game.moon, 2.0e6);
+    flyBeside(d, 3, 31, &Game::moon, 2.0e6);
     d.game.timeLimit = 1000.0;
     d.game.elapsedTime = 1000.0;
     d.isCountingDown = true;
@@ -55,8 +62,7 @@ TEST(Objectives, ZonesAreOpenAtBothEdgesAndEachEntryStartsTheFullCount) {
     for (const Case& k : cases) {
         SCOPED_TRACE(testing::Message() << "level " << k.level << " at " << k.distance);
         Controller c;
-        flySeeded(c, k.level, 32);
-        placeBeside(c.game, c.game.*k.body, k.distance);
+        flyBeside(c, k.level, 32, k.body, k.distance);
         c.countDownTime = 10.0;
         c.checkObjectives();
         EXPECT_EQ(c.isCountingDown, k.holdTime > 0.0);
@@ -97,18 +103,13 @@ TEST(Objectives, TouchingTheSatelliteOrTheStationByLevel) {
         {5, sat, 0.05, MODE_LEVEL_COMPLETE},
         {6, sta, 0.2, MODE_COLLISION_FADE},
         {0, sta, 0.0, MODE_COLLISION_FADE},
-        {7, sta, 5.0, MODE_PLAY},  // the craft starts there: harmless
-        {8, sta, 0.05, MODE_PLAY}, // the asteroid not yet passed
         {8, sta, 0.2, MODE_COLLISION_FADE, InTime, true},
         {8, sta, 0.05, MODE_LEVEL_COMPLETE, LongAfter, true}, // no time limit
     };
     for (const Case& k : cases) {
         SCOPED_TRACE(testing::Message() << "level " << k.level << " speed " << k.speed);
         Controller c;
-        flySeeded(c, k.level, 34);
-        Stellar& body = c.game.*k.body;
-        placeBeside(c.game, body, k.gap, k.speed);
-        body.isActive = k.active;
+        flyBeside(c, k.level, 34, k.body, k.gap, k.speed).isActive = k.active;
         c.isPartialObjectiveDone = k.passedAsteroid;
         const double limit = c.game.timeLimit;
         c.game.elapsedTime = k.when == InTime ? limit - 1.0 : k.when == AtLimit ? limit : 1e12;
@@ -137,8 +138,7 @@ TEST(Objectives, BodiesCrashTheCraftByTheirOwnRadiusAlone) {
 TEST(Objectives, TheLastRuleOfTheTickDecides) {
     // The count ends as the craft hits Earth: the level is complete.
     Controller c;
-    flySeeded(c, 1, 36);
-    placeBeside(c.game, c.game.earth, 1.0e6);
+    flyBeside(c, 1, 36, &Game::earth, 1.0e6);
     c.isCountingDown = true;
     c.countDownTime = 100.0;
     c.checkObjectives();
@@ -146,8 +146,7 @@ TEST(Objectives, TheLastRuleOfTheTickDecides) {
 
     // A gentle docking inside Earth: a crash.
     Controller d;
-    flySeeded(d, 4, 36);
-    placeBeside(d.game, d.game.earth, 1.0e6);
+    flyBeside(d, 4, 36, &Game::earth, 1.0e6);
     d.game.satellite.pos = Position(kSpotX + 1.0e6 + 1.0, 0.0, 0.0, 0.0);
     d.checkObjectives();
     EXPECT_EQ(d.mode, MODE_COLLISION_FADE);

@@ -55,7 +55,6 @@ TEST(Stellar, FrameFollowsTheFacingClockwiseFromUp) {
     };
     const Case cases[] = {
         {0.0, 8, 16},
-        {3 * kHalfPi, 8, 32},
         {kHalfPi - 0.01, 8, 0},
         {kHalfPi + 0.01, 8, 63},
         {kPi, 6, 27},
