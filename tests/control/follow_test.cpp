@@ -29,7 +29,6 @@ TEST(FollowedBody, StrictlyNearestWinsWithinEachBodysLimits) {
     const Case cases[] = {
         {1, 1e3, {{&Game::earth, 1e7}, {&Game::venus, 2e7}}, "Earth"},
         {1, 1e3, {{&Game::venus, 1e7}, {&Game::earth, -1e7}}, "Venus"}, // a tie keeps the first
-        {1, 1e3, {{&Game::earth, 1e7}, {&Game::jupiter, 9e6}}, "Jupiter"},
         {1, 3.79e8, {{&Game::earth, 1e7}, {&Game::moon, 1e6}}, "The Moon"},
         {1, 3.8e8, {{&Game::earth, 1e7}, {&Game::moon, 1e6}}, "Earth"},
         {1, 1e3, {{&Game::earth, 1e7}, {&Game::asteroid, 1e5}}, "Asteroid"}, // even resting
@@ -38,18 +37,12 @@ TEST(FollowedBody, StrictlyNearestWinsWithinEachBodysLimits) {
         {1, 1.0001e12, {{&Game::earth, 1e7}}, "The Sun"},
         {1, 1.0e12, {{&Game::earth, 1e7}}, "Earth"},
         // Small bodies only within their level's reach.
-        satellite(4, 1.4e9, "Satellite"),
-        satellite(4, 1488331500.0, "Earth"),
         satellite(5, 4.2e7, "Satellite"),
         satellite(5, 42164000.0, "Earth"),
         satellite(5, 1e3, "Earth", false), // not taking part
         satellite(1, 1e3, "Earth"),
-        station(0, 4.2e7, "Station"),
-        station(0, 42164000.0, "Earth"),
         station(6, 2.9e6, "Station"),
         station(6, 3.0e6, "Earth"),
-        station(7, 7.3e6, "Station"),
-        station(7, 7378000.0, "Earth"),
         station(8, 1e3, "Earth", false),
         station(5, 1e3, "Earth"),
         // A station passed over leaves the comparison; a nearer later body still wins.

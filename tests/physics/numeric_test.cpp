@@ -3,7 +3,6 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
-#include <random>
 
 namespace apsis {
 namespace {
@@ -54,35 +53,16 @@ TEST(Balance, KeepsBothEndsAndRoundsAsTheStepByStepLoop) {
     EXPECT_FALSE(std::signbit(balance(-kTwoPi))); // a positive zero, as the additions leave it
 
     // Far out the fast path must land on the loop's bits, also around the edges of binades.
-    std::mt19937_64 generator(20240611);
-    std::uniform_real_distribution<double> magnitude(0.0, 7.0); // log10 of the angle
-    for (int i = 0; i < 40; ++i) {
-        const double angle = std::pow(10.0, magnitude(generator)) * (i % 2 == 0 ? 1.0 : -1.0);
-        EXPECT_EQ(balance(angle), balanceStepByStep(angle)) << std::hexfloat << angle;
-    }
-    for (const double edge : {4096.0, 65536.0, 4194304.0}) {
-        for (const double offset : {-2 * kTwoPi, -1e-9, 0.0, 1e-9, 3 * kTwoPi}) {
+    for (const double edge : {40.0, 4096.0, 65536.0, 1234567.8, 4194304.0}) {
+        for (const double offset : {-2 * kTwoPi, -1e-9, 0.0, 1e-9, 3 * kTwoPi})
             for (const double angle : {edge + offset, -edge - offset})
                 EXPECT_EQ(balance(angle), balanceStepByStep(angle)) << std::hexfloat << angle;
-        }
     }
     // Where the loop would never end, the answer still comes back in the turn.
     for (const double angle : {-kInf, 1e300, -1e300, 1e17, std::numeric_limits<double>::max()}) {
         EXPECT_GE(balance(angle), 0.0) << angle;
         EXPECT_LE(balance(angle), kTwoPi) << angle;
     }
-}
-
-TEST(RandomAngle, StaysInOneTurnAndFollowsTheSeed) {
-    seedRandomAngles(7);
-    double first[20];
-    for (double& angle : first) {
-        angle = randomAngle();
-        EXPECT_TRUE(angle >= 0.0 && angle <= kTwoPi) << angle;
-    }
-    seedRandomAngles(7);
-    for (const double angle : first)
-        EXPECT_EQ(randomAngle(), angle);
 }
 
 } // namespace
