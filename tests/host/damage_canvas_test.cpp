@@ -62,15 +62,7 @@ class PartialRepaint : public ::testing::Test {
     void expectScreenIsWholeFrame(const char* when) {
         QImage whole(kWidth, kHeight, QImage::Format_RGB32);
         paint(ctrl, whole, nullptr);
-        int differing = 0;
-        for (int y = 0; y < kHeight; ++y)
-            for (int x = 0; x < kWidth; ++x)
-                differing += screen.pixel(x, y) != whole.pixel(x, y) ? 1 : 0;
-        EXPECT_EQ(differing, 0) << when;
-        if (differing != 0 && std::getenv("APSIS_DEBUG_DAMAGE")) {
-            screen.save("/tmp/damage_screen.png");
-            whole.save("/tmp/damage_whole.png");
-        }
+        EXPECT_TRUE(screen == whole) << when;
     }
 
     std::unique_ptr<Resources> previous;
@@ -81,7 +73,7 @@ class PartialRepaint : public ::testing::Test {
     long changedArea = 0;
 };
 
-TEST_F(PartialRepaint, FlightBurningTurningAndZoomingLeavesNoTrace) {
+TEST_F(PartialRepaint, FlightZoomPauseAndRestartLeaveNoTrace) {
     for (int i = 0; i < 10; ++i)
         tick(); // the intro
     ctrl.startLevel(1);
@@ -108,11 +100,8 @@ TEST_F(PartialRepaint, FlightBurningTurningAndZoomingLeavesNoTrace) {
     tick();
     tick();
     expectScreenIsWholeFrame("paused");
-}
-
-TEST_F(PartialRepaint, DeepZoomAtTheStationAndTheEndOfAnAttempt) {
-    for (int i = 0; i < 10; ++i)
-        tick();
+    // Deep zoom at the station, then the end of an attempt.
+    ctrl.keyUp(kKeySpace);
     ctrl.startLevel(7);
     ctrl.keyDown(kKeySpace);
     ctrl.keyDown(kKeySpace);
