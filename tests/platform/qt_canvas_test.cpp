@@ -1,4 +1,5 @@
 #include "platform/qt_canvas.h"
+#include "platform/qt_fonts.h"
 #include "platform/qt_resources.h"
 
 #include <algorithm>
@@ -7,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <vector>
 
+#include <QFontInfo>
 #include <QImage>
 #include <QPainter>
 
@@ -242,11 +244,8 @@ TEST_F(QtCanvasTest, ABackgroundFillsTheMeasuredBoxAndBoxedTextRunsDownFromTheTo
     draw([&](Canvas& canvas) {
         canvas.drawTextInRect("Dock with the station\nwithin the time", {10, 10, 180, 80}, style);
     });
-    const Ink drawn = ink();
-    EXPECT_GE(drawn.left, 10);
-    EXPECT_LE(drawn.top, 89);
-    EXPECT_GE(drawn.top, 80);    // the first line at the top of the rectangle
-    EXPECT_GT(drawn.bottom, 40); // two lines reach nowhere near its bottom
+    const Ink drawn = ink(); // the first line at the top of the rectangle, two reach not its bottom
+    EXPECT_TRUE(drawn.left >= 10 && drawn.top <= 89 && drawn.top >= 80 && drawn.bottom > 40);
 }
 
 // On a double-density screen a point is two pixels: shapes, pictures and text keep their size in
@@ -279,6 +278,29 @@ TEST(QtCanvasHiDpi, APointIsTwoPixelsOnADoubleDensitySurface) {
     EXPECT_NE(redraws[0].pixelColor(218, 199 - 158), QColor(Qt::black));
     EXPECT_EQ(redraws[0].pixelColor(221, 199 - 161), QColor(Qt::black));
     EXPECT_EQ(redraws[0], redraws[1]);
+}
+
+TEST(QtFonts, TheGameFamiliesResolveToTheirFacesAtWholePixelSizes) {
+    const struct {
+        FontFamily family;
+        QString face;
+    } cases[] = {
+        {FontFamily::Courier, "Nimbus Mono PS"},
+        {FontFamily::Times, "Nimbus Roman"},
+        {FontFamily::Label, "Nimbus Sans"},
+        {FontFamily::Copperplate, "Quattrocento"},
+    };
+    for (const auto& c : cases) {
+        const QFont font = fontFor(c.family, 12.0f);
+        EXPECT_TRUE(QFontInfo(font).family().startsWith(c.face))
+            << QFontInfo(font).family().toStdString();
+        EXPECT_EQ(font.pixelSize(), 12); // a point of the game is a pixel of Qt
+    }
+    EXPECT_EQ(fontFor(FontFamily::Copperplate, 24.0f).capitalization(), QFont::SmallCaps);
+    EXPECT_EQ(fontFor(FontFamily::Courier, 12.4f).pixelSize(), 12);
+    EXPECT_EQ(fontFor(FontFamily::Courier, NAN).pixelSize(), 12);
+    EXPECT_EQ(fontFor(FontFamily::Courier, 1e30f).pixelSize(), 512);
+    EXPECT_EQ(linesOf("one\r\ntwo\n"), QStringList({"one", "two", ""}));
 }
 
 } // namespace
