@@ -45,7 +45,8 @@ TEST(GameKeyCode, MapsWhatTheGameKnowsAndNothingElse) {
         {Qt::Key_A, "a", Qt::NoModifier, 24, 97}, // AZERTY: a Latin letter is kept as typed
         {Qt::Key_Space, " ", Qt::NoModifier, 65, 32},
         {Qt::Key_Q, "\x11", Qt::ControlModifier, 24, std::nullopt}, // Ctrl+Q is the window's
-        {Qt::Key_Shift, "", Qt::ShiftModifier, 50, std::nullopt},   // no text: nothing to pass
+        {Qt::Key_S, "s", Qt::AltModifier, 39, std::nullopt},
+        {Qt::Key_Shift, "", Qt::ShiftModifier, 50, std::nullopt}, // no text: nothing to pass
     };
     for (const auto& c : cases) {
         const Key event(QEvent::KeyPress, c.qtKey, c.text, c.modifiers, false, c.scanCode);
