@@ -138,6 +138,17 @@ TEST_F(QtScreensTest, MissingTruncatedAndEmptyFilesDrawWhatTheyCan) {
     render();
     EXPECT_EQ(litIn(middle()), 0); // Earth is not there to see; the display still is
     EXPECT_GT(litIn(readOuts()), 50);
+
+    // Fades cover the whole scene, the gauges too: half way to white, then half way to black.
+    controller->setMode(MODE_RESTART_FADE);
+    controller->counter = 4;
+    render();
+    EXPECT_NEAR(at(W - 15, 40).green(), 255, 1);
+    EXPECT_NEAR(at(W - 15, 40).red(), 128, 2);
+    controller->setMode(MODE_LEVEL_COMPLETE);
+    controller->counter = 190;
+    render();
+    EXPECT_NEAR(at(W - 15, 40).green(), 128, 2);
 }
 
 } // namespace
