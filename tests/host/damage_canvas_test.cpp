@@ -43,34 +43,29 @@ class PartialRepaint : public ::testing::Test {
     }
     void TearDown() override { installResources(std::move(previous)); }
 
-    void tick() {
-        ctrl.doFrame();
-        DamageCanvas notes(&screen, Size{kWidth, kHeight});
-        {
-            CanvasFocus focus(notes);
-            ctrl.drawRect();
+    // Ticks, each repainting the screen where its frame changed from the one before.
+    void tick(int count = 1) {
+        for (int i = 0; i < count; ++i) {
+            ctrl.doFrame();
+            DamageCanvas notes(&screen, Size{kWidth, kHeight});
+            {
+                CanvasFocus focus(notes);
+                ctrl.drawRect();
+            }
+            const QRegion changed = first ? QRegion(screen.rect()) : notes.changedSince(lastFrame);
+            first = false;
+            lastFrame = notes.marks();
+            paint(ctrl, screen, &changed);
+            changedArea = 0;
+            for (const QRect& r : changed)
+                changedArea += r.width() * r.height();
         }
-        const QRegion changed = first ? QRegion(screen.rect()) : notes.changedSince(lastFrame);
-        first = false;
-        lastFrame = notes.marks();
-        paint(ctrl, screen, &changed);
-        changedArea = 0;
-        for (const QRect& r : changed)
-            changedArea += r.width() * r.height();
     }
 
     void expectScreenIsWholeFrame(const char* when) {
         QImage whole(kWidth, kHeight, QImage::Format_RGB32);
         paint(ctrl, whole, nullptr);
-        int differing = 0;
-        for (int y = 0; y < kHeight; ++y)
-            for (int x = 0; x < kWidth; ++x)
-                differing += screen.pixel(x, y) != whole.pixel(x, y) ? 1 : 0;
-        EXPECT_EQ(differing, 0) << when;
-        if (differing != 0 && std::getenv("APSIS_DEBUG_DAMAGE")) {
-            screen.save("/tmp/damage_screen.png");
-            whole.save("/tmp/damage_whole.png");
-        }
+        EXPECT_TRUE(screen == whole) << when;
     }
 
     std::unique_ptr<Resources> previous;
@@ -81,48 +76,38 @@ class PartialRepaint : public ::testing::Test {
     long changedArea = 0;
 };
 
-TEST_F(PartialRepaint, FlightBurningTurningAndZoomingLeavesNoTrace) {
-    for (int i = 0; i < 10; ++i)
-        tick(); // the intro
+TEST_F(PartialRepaint, FlightZoomPauseAndRestartLeaveNoTrace) {
+    tick(10); // the intro
     ctrl.startLevel(1);
     ctrl.keyDown(kKeySpace); // the briefing gives way to the flight
     ctrl.keyDown(kKeySpace); // and the world runs
     ctrl.keyDown(kKeyUp);
     ctrl.keyDown(kKeyLeft);
-    for (int i = 0; i < 30; ++i)
-        tick();
+    tick(30);
     expectScreenIsWholeFrame("after burning and turning");
     // Coasting, the world still running: only the moving parts are repainted.
     ctrl.keyUp(kKeyUp);
     ctrl.keyUp(kKeyLeft);
-    tick();
-    tick();
+    tick(2);
     EXPECT_LT(changedArea, kWidth * kHeight / 4);
     ctrl.keyDown(kKeyW);
-    for (int i = 0; i < 20; ++i)
-        tick();
+    tick(20);
     ctrl.keyUp(kKeyW);
     tick();
     expectScreenIsWholeFrame("after zooming in");
     ctrl.keyDown(kKeySpace); // paused: the prompt comes over the scene
-    tick();
-    tick();
+    tick(2);
     expectScreenIsWholeFrame("paused");
-}
-
-TEST_F(PartialRepaint, DeepZoomAtTheStationAndTheEndOfAnAttempt) {
-    for (int i = 0; i < 10; ++i)
-        tick();
+    // Deep zoom at the station, then the end of an attempt.
+    ctrl.keyUp(kKeySpace);
     ctrl.startLevel(7);
     ctrl.keyDown(kKeySpace);
     ctrl.keyDown(kKeySpace);
     ctrl.keyDown(kKeyRight);
-    for (int i = 0; i < 20; ++i)
-        tick();
+    tick(20);
     expectScreenIsWholeFrame("level 7 at 200 m");
     ctrl.keyDown(kKeyTab); // restart: the fade to white, then the briefing
-    for (int i = 0; i < 12; ++i)
-        tick();
+    tick(12);
     expectScreenIsWholeFrame("after the fade");
 }
 

@@ -2,6 +2,7 @@
 // there, in its format, shaped the way the drawing code cuts and places it, and the texts in
 // step with the levels they describe.
 
+#include "platform/qt_fonts.h"
 #include "platform/qt_resources.h"
 #include "world/game.h"
 
@@ -12,7 +13,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <numbers>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -34,14 +34,6 @@ QImage picture(const std::string& file) {
     const PictureHandle handle = loader().loadPicture(file.substr(0, dot), file.substr(dot + 1));
     const auto* qt = dynamic_cast<const QtPicture*>(handle.get());
     return qt ? qt->image() : QImage();
-}
-
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    std::stringstream in(text);
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
 }
 
 // One frame of a sheet: frames run row by row from the top-left corner.
@@ -125,8 +117,6 @@ TEST(Art, TheFrameShownForAHeadingPointsTheShipsNoseThatWay) {
     }
 }
 
-// The set-up screen counts an empty piece after a final line feed as a line: eight names, no
-// more, each short enough for the panel (27 characters of 18-point Courier).
 // Band k of the menu (k = 1 to 4 from the top) spans the middle three fifths of the width and the
 // (k + 1)-th eighth of the height; its picture shows the menu there with the entry lit, so its
 // edges match the menu and its middle does not.
@@ -146,8 +136,7 @@ TEST(Art, EachHighlightedEntryCoversItsMenuBandExactly) {
         int count[2] = {0, 0};
         for (int y = 0; y < band.height(); ++y) {
             for (int x = 0; x < band.width(); ++x) {
-                const QRgb a = band.pixel(x, y);
-                const QRgb b = under.pixel(x, y);
+                const QRgb a = band.pixel(x, y), b = under.pixel(x, y);
                 const bool inside =
                     x >= 6 && y >= 6 && x < band.width() - 6 && y < band.height() - 6;
                 difference[inside] +=
@@ -162,26 +151,24 @@ TEST(Art, EachHighlightedEntryCoversItsMenuBandExactly) {
     }
 }
 
+// Eight names, no more (an empty piece after a final line feed counts as a line), each short
+// enough for the set-up panel (27 characters of 18-point Courier).
 TEST(Art, LevelListNamesEightLevelsThatFitThePanel) {
     const auto text = loader().loadText("levels", "txt");
     ASSERT_TRUE(text);
-    ASSERT_FALSE(text->ends_with("\n"));
-    const std::vector<std::string> lines = linesOf(*text);
-    ASSERT_EQ(lines.size(), 8u);
-    for (const std::string& line : lines)
-        EXPECT_TRUE(!line.empty() && line.size() <= 27u) << line;
+    const QStringList lines = linesOf(*text);
+    ASSERT_EQ(lines.size(), 8);
+    for (const QString& line : lines)
+        EXPECT_TRUE(!line.isEmpty() && line.size() <= 27) << line.toStdString();
 }
 
 // Durations as the briefings write them: "20 days", "6 days 6 hours".
 std::string daysAndHours(double seconds) {
-    const long long whole = std::llround(seconds);
-    const long long days = whole / 86400;
-    const long long hours = whole % 86400 / 3600;
-    std::ostringstream text;
-    text << days << (days == 1 ? " day" : " days");
-    if (hours > 0)
-        text << ' ' << hours << (hours == 1 ? " hour" : " hours");
-    return text.str();
+    const long long hours = std::llround(seconds) / 3600, days = hours / 24;
+    std::string text = std::to_string(days) + (days == 1 ? " day" : " days");
+    if (hours % 24 > 0)
+        text += ' ' + std::to_string(hours % 24) + (hours % 24 == 1 ? " hour" : " hours");
+    return text;
 }
 
 // Each briefing fits a small window and tells the truth about its level's time limit at every
@@ -192,10 +179,10 @@ TEST(Art, BriefingsAreShortAndStateEachLevelsTimeLimit) {
         SCOPED_TRACE(level);
         const auto text = loader().loadText("level" + std::to_string(level), "txt");
         ASSERT_TRUE(text);
-        const std::vector<std::string> lines = linesOf(*text);
-        EXPECT_TRUE(!lines.empty() && lines.size() <= 16u); // fits the smallest window
-        for (const std::string& line : lines)
-            EXPECT_LE(line.size(), 56u) << line;
+        const QStringList lines = linesOf(text->substr(0, text->size() - text->ends_with('\n')));
+        EXPECT_TRUE(!lines.empty() && lines.size() <= 16); // fits the smallest window
+        for (const QString& line : lines)
+            EXPECT_LE(line.size(), 56) << line.toStdString();
         std::string prose = *text; // a phrase may run on over a line break
         std::replace(prose.begin(), prose.end(), '\n', ' ');
         for (int difficulty = 1; difficulty <= 3; ++difficulty) {
