@@ -37,14 +37,6 @@ std::vector<const RecordingCanvas::Call*> RecordingCanvas::ofKind(Op op) const {
     return found;
 }
 
-std::vector<const RecordingCanvas::Call*> RecordingCanvas::drawing() const {
-    std::vector<const Call*> found;
-    for (const Call& call : calls)
-        if (call.op != Op::MeasureText)
-            found.push_back(&call);
-    return found;
-}
-
 std::vector<std::string> RecordingCanvas::texts() const {
     std::vector<std::string> found;
     for (const Call& call : calls)
@@ -88,12 +80,6 @@ void RecordingCanvas::drawPicture(const Picture* picture, const Rect& source, co
                      .source = source,
                      .picture = picture,
                      .opacity = opacity});
-}
-
-Size RecordingCanvas::measureText(const std::string& text, const TextStyle& style) {
-    calls.push_back({.op = Op::MeasureText, .text = text, .style = style});
-    const auto given = textSizes.find(text);
-    return given != textSizes.end() ? given->second : textSize(text, style.size);
 }
 
 void RecordingCanvas::drawText(const std::string& text, Point at, const TextStyle& style) {

@@ -2,27 +2,18 @@
 
 #include "presentation/canvas.h"
 
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace apsis {
 
-// A canvas for tests: it draws nothing and remembers every call with its arguments, in order. A
-// text measures 0.6 * size wide per character of its longest line and 1.2 * size tall per line;
-// the empty text 0 x 0.
+// A canvas for tests: it draws nothing and remembers every drawing call with its arguments, in
+// order. A text measures 0.6 * size wide per character of its longest line and 1.2 * size tall per
+// line; the empty text 0 x 0.
 class RecordingCanvas : public Canvas {
   public:
-    enum class Op {
-        FillRect,
-        StrokePath,
-        FillPath,
-        DrawPicture,
-        MeasureText,
-        DrawText,
-        TextInRect
-    };
+    enum class Op { FillRect, StrokePath, FillPath, DrawPicture, DrawText, TextInRect };
 
     // One call; only the members its kind uses are filled.
     struct Call {
@@ -42,8 +33,6 @@ class RecordingCanvas : public Canvas {
 
     Size surface; // what size() answers
     std::vector<Call> calls;
-    std::map<std::string, Size, std::less<>>
-        textSizes; // texts that measure otherwise than the rule
 
     static Size textSize(std::string_view text, float size);
     // Where a text of the given size lands when centred on x with its bottom (or, middle, its
@@ -53,8 +42,7 @@ class RecordingCanvas : public Canvas {
 
     void clear() { calls.clear(); }
     std::vector<const Call*> ofKind(Op op) const;
-    std::vector<const Call*> drawing() const; // every call but measurements
-    std::vector<std::string> texts() const;   // the texts drawn, in order
+    std::vector<std::string> texts() const; // the texts drawn, in order
     // The first text drawn that equals text, or with prefix that starts with it; nullptr if none.
     const Call* findText(std::string_view text, bool prefix = false) const;
     std::vector<Rect> filledRects(const Color& c) const;
@@ -65,7 +53,9 @@ class RecordingCanvas : public Canvas {
     void fillPath(const Path& path, const Color& c) override;
     void drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
                      double opacity) override;
-    Size measureText(const std::string& text, const TextStyle& style) override;
+    Size measureText(const std::string& text, const TextStyle& style) override {
+        return textSize(text, style.size);
+    }
     void drawText(const std::string& text, Point at, const TextStyle& style) override;
     void drawTextInRect(const std::string& text, const Rect& r, const TextStyle& style) override;
 };
