@@ -55,40 +55,10 @@ const RecordingCanvas::Call* RecordingCanvas::findText(std::string_view text, bo
 
 std::vector<Rect> RecordingCanvas::filledRects(const Color& c) const {
     std::vector<Rect> found;
-    for (const Call& call : calls)
-        if (call.op == Op::FillRect && call.color == c)
-            found.push_back(call.rect);
+    for (const Call* call : ofKind(Op::FillRect))
+        if (call->color == c)
+            found.push_back(call->rect);
     return found;
-}
-
-void RecordingCanvas::fillRect(const Rect& r, const Color& c) {
-    calls.push_back({.op = Op::FillRect, .rect = r, .color = c});
-}
-
-void RecordingCanvas::strokePath(const Path& path, const Color& c) {
-    calls.push_back({.op = Op::StrokePath, .color = c, .path = path});
-}
-
-void RecordingCanvas::fillPath(const Path& path, const Color& c) {
-    calls.push_back({.op = Op::FillPath, .color = c, .path = path});
-}
-
-void RecordingCanvas::drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
-                                  double opacity) {
-    calls.push_back({.op = Op::DrawPicture,
-                     .rect = dest,
-                     .source = source,
-                     .picture = picture,
-                     .opacity = opacity});
-}
-
-void RecordingCanvas::drawText(const std::string& text, Point at, const TextStyle& style) {
-    calls.push_back({.op = Op::DrawText, .text = text, .at = at, .style = style});
-}
-
-void RecordingCanvas::drawTextInRect(const std::string& text, const Rect& r,
-                                     const TextStyle& style) {
-    calls.push_back({.op = Op::TextInRect, .rect = r, .text = text, .style = style});
 }
 
 } // namespace apsis

@@ -48,16 +48,32 @@ class RecordingCanvas : public Canvas {
     std::vector<Rect> filledRects(const Color& c) const;
 
     Size size() const override { return surface; }
-    void fillRect(const Rect& r, const Color& c) override;
-    void strokePath(const Path& path, const Color& c) override;
-    void fillPath(const Path& path, const Color& c) override;
-    void drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
-                     double opacity) override;
     Size measureText(const std::string& text, const TextStyle& style) override {
         return textSize(text, style.size);
     }
-    void drawText(const std::string& text, Point at, const TextStyle& style) override;
-    void drawTextInRect(const std::string& text, const Rect& r, const TextStyle& style) override;
+    void fillRect(const Rect& r, const Color& c) override {
+        calls.push_back({.op = Op::FillRect, .rect = r, .color = c});
+    }
+    void strokePath(const Path& path, const Color& c) override {
+        calls.push_back({.op = Op::StrokePath, .color = c, .path = path});
+    }
+    void fillPath(const Path& path, const Color& c) override {
+        calls.push_back({.op = Op::FillPath, .color = c, .path = path});
+    }
+    void drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
+                     double opacity) override {
+        calls.push_back({.op = Op::DrawPicture,
+                         .rect = dest,
+                         .source = source,
+                         .picture = picture,
+                         .opacity = opacity});
+    }
+    void drawText(const std::string& text, Point at, const TextStyle& style) override {
+        calls.push_back({.op = Op::DrawText, .text = text, .at = at, .style = style});
+    }
+    void drawTextInRect(const std::string& text, const Rect& r, const TextStyle& style) override {
+        calls.push_back({.op = Op::TextInRect, .rect = r, .text = text, .style = style});
+    }
 };
 
 } // namespace apsis
