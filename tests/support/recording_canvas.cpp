@@ -5,18 +5,12 @@
 namespace apsis {
 
 Size RecordingCanvas::textSize(std::string_view text, float size) {
-    if (text.empty())
-        return {0.0f, 0.0f};
-    std::size_t lines = 1;
+    std::size_t lines = 0;
     std::size_t longest = 0;
-    std::size_t line = 0;
-    for (const char c : text) {
-        if (c == '\n') {
-            ++lines;
-            line = 0;
-        } else if ((static_cast<unsigned char>(c) & 0xC0u) != 0x80u) { // a UTF-8 character
-            longest = std::max(longest, ++line);
-        }
+    for (std::size_t start = 0; !text.empty() && start <= text.size(); ++lines) {
+        const std::size_t end = std::min(text.find('\n', start), text.size());
+        longest = std::max(longest, end - start);
+        start = end + 1;
     }
     const auto points = static_cast<double>(size);
     return {static_cast<float>(0.6 * points * static_cast<double>(longest)),

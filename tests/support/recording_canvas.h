@@ -9,7 +9,7 @@
 namespace apsis {
 
 // A canvas for tests: it draws nothing and remembers every drawing call with its arguments, in
-// order. A text measures 0.6 * size wide per character of its longest line and 1.2 * size tall per
+// order. A text measures 0.6 * size wide per byte of its longest line and 1.2 * size tall per
 // line; the empty text 0 x 0.
 class RecordingCanvas : public Canvas {
   public:
