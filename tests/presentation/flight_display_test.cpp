@@ -98,28 +98,24 @@ TEST(FlightDisplay, GaugesFillInProportion) {
 }
 
 TEST(FlightDisplay, ZoomIndicatorFadesInAndOutAroundTheFollowedBody) {
-    struct Case {
-        double zoomRect;
-        double opacity; // 0: not drawn
-    };
-    const Case cases[] = {{0.4, 1.0}, {0.15, 0.5}, {0.85, 0.5}, {0.1, 0.0}, {1.0, 0.0}};
-    for (const Case& c : cases) {
+    // The opacity at each zoomRect; 0: not drawn.
+    for (const auto& [z, opacity] :
+         {std::pair{0.4, 1.0}, {0.15, 0.5}, {0.85, 0.5}, {0.1, 0.0}, {1.0, 0.0}}) {
         FlightScene s;
-        s.view.zoomRect = c.zoomRect;
+        s.view.zoomRect = z;
         s.view.viewCenter.x -= 1e8; // the followed body 1e8 m right of the middle, 5e7 m up
         s.view.viewCenter.y -= 5e7;
         s.view.drawGame(s.game);
         const auto outlines = s.strokes(0.25);
-        ASSERT_EQ(outlines.size(), c.opacity > 0.0 ? 1u : 0u) << c.zoomRect;
+        ASSERT_EQ(outlines.size(), opacity > 0.0 ? 1u : 0u) << z;
         if (outlines.empty())
             continue;
-        EXPECT_NEAR(outlines[0]->color.a, c.opacity, 1e-9) << c.zoomRect;
-        const double z = c.zoomRect;
-        const Path::Element expected{Path::Kind::Rectangle,
-                                     {static_cast<float>((1 - z) * 400 + 80),
-                                      static_cast<float>((1 - z) * 300 + 40),
-                                      static_cast<float>(800 * z), static_cast<float>(600 * z)}};
-        EXPECT_EQ(outlines[0]->path.elements, std::vector<Path::Element>{expected}) << z;
+        EXPECT_NEAR(outlines[0]->color.a, opacity, 1e-9) << z;
+        EXPECT_EQ(
+            outlines[0]->path.elements[0].rect,
+            (Rect{static_cast<float>((1 - z) * 400 + 80), static_cast<float>((1 - z) * 300 + 40),
+                  static_cast<float>(800 * z), static_cast<float>(600 * z)}))
+            << z;
     }
 }
 
