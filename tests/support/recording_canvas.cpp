@@ -5,18 +5,12 @@
 namespace apsis {
 
 Size RecordingCanvas::textSize(std::string_view text, float size) {
-    if (text.empty())
-        return {0.0f, 0.0f};
-    std::size_t lines = 1;
+    std::size_t lines = 0;
     std::size_t longest = 0;
-    std::size_t line = 0;
-    for (const char c : text) {
-        if (c == '\n') {
-            ++lines;
-            line = 0;
-        } else if ((static_cast<unsigned char>(c) & 0xC0u) != 0x80u) { // a UTF-8 character
-            longest = std::max(longest, ++line);
-        }
+    for (std::size_t start = 0; !text.empty() && start <= text.size(); ++lines) {
+        const std::size_t end = std::min(text.find('\n', start), text.size());
+        longest = std::max(longest, end - start);
+        start = end + 1;
     }
     const auto points = static_cast<double>(size);
     return {static_cast<float>(0.6 * points * static_cast<double>(longest)),
@@ -33,14 +27,6 @@ std::vector<const RecordingCanvas::Call*> RecordingCanvas::ofKind(Op op) const {
     std::vector<const Call*> found;
     for (const Call& call : calls)
         if (call.op == op)
-            found.push_back(&call);
-    return found;
-}
-
-std::vector<const RecordingCanvas::Call*> RecordingCanvas::drawing() const {
-    std::vector<const Call*> found;
-    for (const Call& call : calls)
-        if (call.op != Op::MeasureText)
             found.push_back(&call);
     return found;
 }
@@ -63,46 +49,10 @@ const RecordingCanvas::Call* RecordingCanvas::findText(std::string_view text, bo
 
 std::vector<Rect> RecordingCanvas::filledRects(const Color& c) const {
     std::vector<Rect> found;
-    for (const Call& call : calls)
-        if (call.op == Op::FillRect && call.color == c)
-            found.push_back(call.rect);
+    for (const Call* call : ofKind(Op::FillRect))
+        if (call->color == c)
+            found.push_back(call->rect);
     return found;
-}
-
-void RecordingCanvas::fillRect(const Rect& r, const Color& c) {
-    calls.push_back({.op = Op::FillRect, .rect = r, .color = c});
-}
-
-void RecordingCanvas::strokePath(const Path& path, const Color& c) {
-    calls.push_back({.op = Op::StrokePath, .color = c, .path = path});
-}
-
-void RecordingCanvas::fillPath(const Path& path, const Color& c) {
-    calls.push_back({.op = Op::FillPath, .color = c, .path = path});
-}
-
-void RecordingCanvas::drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
-                                  double opacity) {
-    calls.push_back({.op = Op::DrawPicture,
-                     .rect = dest,
-                     .source = source,
-                     .picture = picture,
-                     .opacity = opacity});
-}
-
-Size RecordingCanvas::measureText(const std::string& text, const TextStyle& style) {
-    calls.push_back({.op = Op::MeasureText, .text = text, .style = style});
-    const auto given = textSizes.find(text);
-    return given != textSizes.end() ? given->second : textSize(text, style.size);
-}
-
-void RecordingCanvas::drawText(const std::string& text, Point at, const TextStyle& style) {
-    calls.push_back({.op = Op::DrawText, .text = text, .at = at, .style = style});
-}
-
-void RecordingCanvas::drawTextInRect(const std::string& text, const Rect& r,
-                                     const TextStyle& style) {
-    calls.push_back({.op = Op::TextInRect, .rect = r, .text = text, .style = style});
 }
 
 } // namespace apsis

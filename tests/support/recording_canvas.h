@@ -2,27 +2,18 @@
 
 #include "presentation/canvas.h"
 
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace apsis {
 
-// A canvas for tests: it draws nothing and remembers every call with its arguments, in order. A
-// text measures 0.6 * size wide per character of its longest line and 1.2 * size tall per line;
-// the empty text 0 x 0.
+// A canvas for tests: it draws nothing and remembers every drawing call with its arguments, in
+// order. A text measures 0.6 * size wide per byte of its longest line and 1.2 * size tall per
+// line; the empty text 0 x 0.
 class RecordingCanvas : public Canvas {
   public:
-    enum class Op {
-        FillRect,
-        StrokePath,
-        FillPath,
-        DrawPicture,
-        MeasureText,
-        DrawText,
-        TextInRect
-    };
+    enum class Op { FillRect, StrokePath, FillPath, DrawPicture, DrawText, TextInRect };
 
     // One call; only the members its kind uses are filled.
     struct Call {
@@ -42,8 +33,6 @@ class RecordingCanvas : public Canvas {
 
     Size surface; // what size() answers
     std::vector<Call> calls;
-    std::map<std::string, Size, std::less<>>
-        textSizes; // texts that measure otherwise than the rule
 
     static Size textSize(std::string_view text, float size);
     // Where a text of the given size lands when centred on x with its bottom (or, middle, its
@@ -53,21 +42,38 @@ class RecordingCanvas : public Canvas {
 
     void clear() { calls.clear(); }
     std::vector<const Call*> ofKind(Op op) const;
-    std::vector<const Call*> drawing() const; // every call but measurements
-    std::vector<std::string> texts() const;   // the texts drawn, in order
+    std::vector<std::string> texts() const; // the texts drawn, in order
     // The first text drawn that equals text, or with prefix that starts with it; nullptr if none.
     const Call* findText(std::string_view text, bool prefix = false) const;
     std::vector<Rect> filledRects(const Color& c) const;
 
     Size size() const override { return surface; }
-    void fillRect(const Rect& r, const Color& c) override;
-    void strokePath(const Path& path, const Color& c) override;
-    void fillPath(const Path& path, const Color& c) override;
+    Size measureText(const std::string& text, const TextStyle& style) override {
+        return textSize(text, style.size);
+    }
+    void fillRect(const Rect& r, const Color& c) override {
+        calls.push_back({.op = Op::FillRect, .rect = r, .color = c});
+    }
+    void strokePath(const Path& path, const Color& c) override {
+        calls.push_back({.op = Op::StrokePath, .color = c, .path = path});
+    }
+    void fillPath(const Path& path, const Color& c) override {
+        calls.push_back({.op = Op::FillPath, .color = c, .path = path});
+    }
     void drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
-                     double opacity) override;
-    Size measureText(const std::string& text, const TextStyle& style) override;
-    void drawText(const std::string& text, Point at, const TextStyle& style) override;
-    void drawTextInRect(const std::string& text, const Rect& r, const TextStyle& style) override;
+                     double opacity) override {
+        calls.push_back({.op = Op::DrawPicture,
+                         .rect = dest,
+                         .source = source,
+                         .picture = picture,
+                         .opacity = opacity});
+    }
+    void drawText(const std::string& text, Point at, const TextStyle& style) override {
+        calls.push_back({.op = Op::DrawText, .text = text, .at = at, .style = style});
+    }
+    void drawTextInRect(const std::string& text, const Rect& r, const TextStyle& style) override {
+        calls.push_back({.op = Op::TextInRect, .rect = r, .text = text, .style = style});
+    }
 };
 
 } // namespace apsis
