@@ -96,6 +96,23 @@ TEST_F(QtResourcesTest, AFileIsReadOnceWhileItStaysTheSameAndSaidMissingOnce) {
     EXPECT_EQ(wider ? wider->width() : 0.0f, 32.0f);
 }
 
+// A picture cut short, as a download can be, shows the part that was read.
+TEST_F(QtResourcesTest, APictureCutShortShowsThePartThatWasRead) {
+    const std::filesystem::path whole = APSIS_TEST_RESOURCE_DIR;
+    std::filesystem::copy_file(whole / "menu.jpg", folder / "menu.jpg");
+    std::filesystem::resize_file(folder / "menu.jpg",
+                                 std::filesystem::file_size(whole / "menu.jpg") / 2);
+    const auto menu = [](const std::filesystem::path& from) {
+        const PictureHandle picture = QtResources(from).loadPicture("menu", "jpg");
+        return picture ? dynamic_cast<const QtPicture&>(*picture).image() : QImage();
+    };
+    const QImage full = menu(whole), cut = menu(folder);
+    ASSERT_FALSE(full.isNull() || cut.isNull());
+    EXPECT_TRUE(cut.copy(0, 0, cut.width(), cut.height() / 10) ==
+                full.copy(0, 0, full.width(), full.height() / 10));
+    EXPECT_FALSE(cut == full);
+}
+
 TEST_F(QtResourcesTest, FindsTheBuildTreeFolderBeforeTheInstalledOne) {
     EXPECT_EQ(findResourceFolder(folder), std::filesystem::path());
     std::filesystem::create_directories(folder / "share" / "apsis");
