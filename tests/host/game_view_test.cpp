@@ -46,6 +46,8 @@ TEST_F(GameViewTest, TabRestartsAndF2TogglesTheAidsAlone) {
     EXPECT_FALSE(game().game.running);
     QTest::keyClick(&view, Qt::Key_Tab);
     EXPECT_EQ(game().mode, MODE_RESTART_FADE);
+    view.doFrame();
+    EXPECT_FALSE(game().needsRedraw); // a tick's request for a whole redraw is the view's to take
 }
 
 TEST_F(GameViewTest, LosingTheFocusReleasesEveryHeldKey) {

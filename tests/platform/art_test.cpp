@@ -151,17 +151,6 @@ TEST(Art, EachHighlightedEntryCoversItsMenuBandExactly) {
     }
 }
 
-// Eight names, no more (an empty piece after a final line feed counts as a line), each short
-// enough for the set-up panel (27 characters of 18-point Courier).
-TEST(Art, LevelListNamesEightLevelsThatFitThePanel) {
-    const auto text = loader().loadText("levels", "txt");
-    ASSERT_TRUE(text);
-    const QStringList lines = linesOf(*text);
-    ASSERT_EQ(lines.size(), 8);
-    for (const QString& line : lines)
-        EXPECT_TRUE(!line.isEmpty() && line.size() <= 27) << line.toStdString();
-}
-
 // Durations as the briefings write them: "20 days", "6 days 6 hours".
 std::string daysAndHours(double seconds) {
     const long long hours = std::llround(seconds) / 3600, days = hours / 24;
@@ -171,9 +160,15 @@ std::string daysAndHours(double seconds) {
     return text;
 }
 
-// Each briefing fits a small window and tells the truth about its level's time limit at every
-// difficulty, as the level set-up computes it.
-TEST(Art, BriefingsAreShortAndStateEachLevelsTimeLimit) {
+// The list names eight levels, no more (an empty piece after a final line feed counts as a line),
+// each short enough for the set-up panel (27 characters of 18-point Courier). Each briefing fits
+// a small window and tells the truth about its level's time limit at every difficulty, as the
+// level set-up computes it.
+TEST(Art, TheTextsFitTheirPanelsAndStateEachLevelsTimeLimit) {
+    const QStringList names = linesOf(loader().loadText("levels", "txt").value_or(""));
+    EXPECT_EQ(names.size(), 8);
+    for (const QString& name : names)
+        EXPECT_TRUE(!name.isEmpty() && name.size() <= 27) << name.toStdString();
     Game game;
     for (int level = 0; level <= 8; ++level) {
         SCOPED_TRACE(level);
