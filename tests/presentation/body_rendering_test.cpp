@@ -20,11 +20,6 @@ struct BodyScene : DrawHarness {
     }
 };
 
-Point polar(Point c, double r, double a) {
-    return {static_cast<float>(static_cast<double>(c.x) + std::cos(a) * r),
-            static_cast<float>(static_cast<double>(c.y) + std::sin(a) * r)};
-}
-
 TEST(BodyRendering, APictureFromTenPointsAcrossAndASymbolBelow) {
     struct Case {
         double size;      // m
@@ -58,47 +53,6 @@ TEST(BodyRendering, APictureFromTenPointsAcrossAndASymbolBelow) {
     s.game.earth.pos = Position(-1e12, 0.0, 0.0, 0.0); // 800,000 points to the left
     s.view.drawStel(s.game.earth, 0);
     EXPECT_TRUE(s.canvas.calls.empty());
-}
-
-TEST(BodyRendering, SymbolsLabelsAndArrows) {
-    BodyScene s(1e12); // everything a symbol
-    Stellar& earth = s.game.earth;
-    earth.pos = Position(1e11, 5e10, 0.0, 0.0);
-    earth.pos.angle = 1.0;
-    earth.mainInfluence = &s.game.sun;
-    const Point c{480, 340};
-    const double theta = std::atan2(5e10, 1e11);
-    struct Case {
-        int style;
-        float labelY;        // 0: no label
-        std::size_t corners; // 1 for the dot
-    };
-    // A dot, labelled above or below; a cross; the dart; the dart with its flame; unknown as 3.
-    const Case cases[] = {{0, 342.5f, 1}, {1, 325.5f, 1}, {2, 0, 12},
-                          {3, 0, 3},      {4, 0, 6},      {7, 0, 3}};
-    for (const Case& k : cases) {
-        s.canvas.clear();
-        s.view.drawStel(earth, k.style);
-        const auto& drawn = s.canvas.calls;
-        ASSERT_EQ(drawn.size(), k.labelY != 0 ? 3u : 2u) << k.style;
-        // The arrow first, from 10 to 25 points out, pointing away from the Sun, in dark grey.
-        EXPECT_EQ(drawn[0].color, colors::darkGray);
-        const auto& arrow = drawn[0].path.elements;
-        ASSERT_EQ(arrow.size(), 5u);
-        const Point tip = polar(c, 25, theta);
-        EXPECT_NEAR(arrow[1].rect.x, tip.x, 1e-4);
-        EXPECT_NEAR(arrow[1].rect.y, tip.y, 1e-4);
-        // Then the blue name, for dots only; then the green shape, the nose along the heading.
-        if (k.labelY != 0) {
-            EXPECT_EQ(drawn[1].at, (Point{482.5f, k.labelY})) << k.style;
-        }
-        const auto& shape = drawn.back();
-        EXPECT_EQ(shape.color, colors::green);
-        EXPECT_EQ(shape.path.elements.size(), k.corners) << k.style;
-        if (k.corners == 3 || k.corners == 6) {
-            EXPECT_NEAR(shape.path.elements[0].rect.x, polar(c, 10, 1.0).x, 1e-4);
-        }
-    }
 }
 
 TEST(BodyRendering, SkipsSymbolsThatCannotReachTheView) {

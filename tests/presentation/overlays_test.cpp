@@ -49,29 +49,5 @@ TEST(Overlays, BannersAndPausePrompt) {
     }
 }
 
-TEST(Overlays, ObjectiveAndCollisionMessages) {
-    DrawHarness flag;
-    flag.view.drawFlag(flag.game);
-    EXPECT_EQ(flag.canvas.texts().back(), "Partial Objective Accomplished"); // over the flight
-    EXPECT_EQ(flag.canvas.calls.back().at, (Point{20, 40}));
-
-    DrawHarness count;
-    count.game.running = false;
-    count.view.drawCountDown(-3.5, count.game);
-    EXPECT_NE(count.canvas.findText(" Spacebar to Continue "), nullptr); // over the paused flight
-    EXPECT_EQ(count.canvas.calls.back().at, RC::centred("Maintain orbit for <-03s>", 14, 320, 360));
-    EXPECT_EQ(count.canvas.calls.back().text, "Maintain orbit for <-03s>");
-
-    // Only the speed of impact against the followed body, as it was.
-    DrawHarness crash;
-    crash.game.player.pos = Position(0.0, 0.0, 4.5, 6.0);
-    crash.view.viewTarget.pos = Position(1e6, 0.0, 0.0, 0.0);
-    crash.view.drawCollisionText(crash.game);
-    ASSERT_EQ(crash.canvas.calls.size(), 1u);
-    const auto* message = crash.canvas.findText("Collision at 7.50m/s");
-    ASSERT_NE(message, nullptr);
-    EXPECT_EQ(message->at, RC::centred(message->text, 18, 320, 240));
-}
-
 } // namespace
 } // namespace apsis

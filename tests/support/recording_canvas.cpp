@@ -47,12 +47,4 @@ const RecordingCanvas::Call* RecordingCanvas::findText(std::string_view text, bo
     return nullptr;
 }
 
-std::vector<Rect> RecordingCanvas::filledRects(const Color& c) const {
-    std::vector<Rect> found;
-    for (const Call* call : ofKind(Op::FillRect))
-        if (call->color == c)
-            found.push_back(call->rect);
-    return found;
-}
-
 } // namespace apsis

@@ -45,7 +45,6 @@ class RecordingCanvas : public Canvas {
     std::vector<std::string> texts() const; // the texts drawn, in order
     // The first text drawn that equals text, or with prefix that starts with it; nullptr if none.
     const Call* findText(std::string_view text, bool prefix = false) const;
-    std::vector<Rect> filledRects(const Color& c) const;
 
     Size size() const override { return surface; }
     Size measureText(const std::string& text, const TextStyle& style) override {
