@@ -106,6 +106,7 @@ struct Monkey {
             files->requests.clear();
             play::redraw(c, canvas);
             check();
+            c.needsRedraw = false; // as the host does once it has drawn
         }
     }
 
@@ -151,8 +152,8 @@ struct Monkey {
 };
 
 TEST(Monkey, EveryModeAndLevelWithoutABrokenStateAndOnThePinnedDigest) {
-    for (const auto& [seed, digest] : {std::pair{1u, std::uint64_t{11215860798183381847u}},
-                                       std::pair{2u, std::uint64_t{15662187698808870914u}}}) {
+    for (const auto& [seed, digest] : {std::pair{1u, std::uint64_t{11342333470004044229u}},
+                                       std::pair{2u, std::uint64_t{9087641180791082027u}}}) {
         Monkey monkey(seed);
         monkey.play(10000);
         ASSERT_EQ(monkey.failure, "") << "seed " << seed;
