@@ -8,22 +8,14 @@ namespace {
 
 constexpr double kLongest = 1051200.0; // s per tick: a year per second of play
 
-TEST(HeldKeys, ZoomMovesTheViewAndTheClockAndTheIndicatorWrapsRound) {
+// Zooming in slows the clock by the square root of the zoom; the digest in the monkey test holds
+// the zoom indicator.
+TEST(HeldKeys, ZoomSlowsTheClockByTheSquareRootOfTheScale) {
     Controller c;
     play::toStillFlight(c, 1, 10); // 1.2e8 m across, 150 s per tick
     c.keyDown(kKeyW);
-    EXPECT_EQ(c.drawView.zoomRect, 0.4);
-    play::ticks(c, 8);
-    EXPECT_NEAR(c.drawView.zoomRect, 0.909, 5e-4);
-    c.doFrame(); // grown past the view, it starts again small
-    EXPECT_EQ(c.drawView.zoomRect, 0.1);
-    // The clock slows by the square root of the zoom.
+    play::ticks(c, 9);
     EXPECT_NEAR(c.game.timeStep / 150.0, std::sqrt(c.drawView.viewScale / 1.2e8), 1e-9);
-    c.keyUp(kKeyW);
-    c.keyDown(kKeyQ);
-    EXPECT_EQ(c.drawView.zoomRect, 0.8);
-    play::ticks(c, 21); // shrunk into the body, it starts again at the view's size
-    EXPECT_EQ(c.drawView.zoomRect, 1.0);
 }
 
 TEST(HeldKeys, TimeKeysTradeThrottleForTimeEvenAtTheBound) {
