@@ -82,24 +82,5 @@ TEST(Flow, TabAndCrashFadeToWhiteAndBackToAFreshBriefing) {
     }
 }
 
-TEST(Flow, ACompletedLevelLeadsToTheNextBriefingAndAfterTheLastToTheMenu) {
-    for (const int level : {1, 8}) {
-        SCOPED_TRACE(level);
-        Controller c;
-        flySeeded(c, level, 4);
-        c.isCountingDown = true; // an orbit held to its last moment
-        c.countDownTime = 0.0;
-        EXPECT_TRUE(tickAsksRedraw(c));
-        ASSERT_EQ(c.mode, MODE_LEVEL_COMPLETE);
-        EXPECT_FALSE(c.game.running);
-        for (int tick = 1; tick <= 199; ++tick) // the summary animates
-            ASSERT_TRUE(tickAsksRedraw(c)) << tick;
-        EXPECT_EQ(c.mode, MODE_LEVEL_COMPLETE);
-        EXPECT_TRUE(tickAsksRedraw(c));
-        EXPECT_EQ(c.mode, level == 8 ? MODE_MENU : MODE_LEVEL);
-        EXPECT_EQ(c.level, level == 8 ? 8 : 2); // the set-up screen offers level 8 again
-    }
-}
-
 } // namespace
 } // namespace apsis

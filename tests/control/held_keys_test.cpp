@@ -6,48 +6,16 @@
 namespace apsis {
 namespace {
 
-constexpr double kLongest = 1051200.0;   // s per tick: a year per second of play
-constexpr double kShortest = 1.0 / 30.0; // real time
+constexpr double kLongest = 1051200.0; // s per tick: a year per second of play
 
-TEST(HeldKeys, ZoomMovesTheViewAndTheClockAndTheIndicatorWrapsRound) {
+// Zooming in slows the clock by the square root of the zoom; the digest in the monkey test holds
+// the zoom indicator.
+TEST(HeldKeys, ZoomSlowsTheClockByTheSquareRootOfTheScale) {
     Controller c;
     play::toStillFlight(c, 1, 10); // 1.2e8 m across, 150 s per tick
     c.keyDown(kKeyW);
-    EXPECT_EQ(c.drawView.zoomRect, 0.4);
-    play::ticks(c, 8);
-    EXPECT_NEAR(c.drawView.zoomRect, 0.909, 5e-4);
-    c.doFrame(); // grown past the view, it starts again small
-    EXPECT_EQ(c.drawView.zoomRect, 0.1);
-    // The clock slows by the square root of the zoom.
+    play::ticks(c, 9);
     EXPECT_NEAR(c.game.timeStep / 150.0, std::sqrt(c.drawView.viewScale / 1.2e8), 1e-9);
-    c.keyUp(kKeyW);
-    c.keyDown(kKeyQ);
-    EXPECT_EQ(c.drawView.zoomRect, 0.8);
-    play::ticks(c, 21); // shrunk into the body, it starts again at the view's size
-    EXPECT_EQ(c.drawView.zoomRect, 1.0);
-}
-
-TEST(HeldKeys, TheTimeStepStaysWithinItsBounds) {
-    struct Case {
-        double before; // s
-        unsigned short key;
-        double after; // s, two ticks later
-    };
-    const Case cases[] = {
-        {1.0e6, kKeyS, kLongest},
-        {kLongest, kKeyQ, kLongest},
-        {0.035, kKeyA, kShortest},
-        {kShortest, kKeyW, kShortest},
-        {kShortest, kKeyS, kShortest / 0.95 / 0.95},
-    };
-    for (const Case& k : cases) {
-        Controller c;
-        play::toStillFlight(c, 1, 12);
-        c.game.timeStep = k.before;
-        c.keyDown(k.key);
-        play::ticks(c, 2);
-        EXPECT_EQ(c.game.timeStep, k.after) << k.before << " key " << k.key;
-    }
 }
 
 TEST(HeldKeys, TimeKeysTradeThrottleForTimeEvenAtTheBound) {
@@ -65,33 +33,6 @@ TEST(HeldKeys, TimeKeysTradeThrottleForTimeEvenAtTheBound) {
     EXPECT_GT(c.desiredThrottle, 0.001);
     EXPECT_EQ(c.game.player.throttle, c.desiredThrottle);
     EXPECT_EQ(c.game.timeStep, kLongest * 0.95);
-}
-
-TEST(HeldKeys, ThrottleKeysClampAndBecomeTheAskedForThrottle) {
-    struct Case {
-        double desired;
-        bool up, down;
-        double throttle, desiredAfter; // the craft's after one tick, and the asked-for
-    };
-    const Case cases[] = {
-        {1.0, true, false, 1.0, 1.0},
-        {0.5, false, true, 0.45, 0.45},
-        {0.0011, false, true, 0.001, 0.001},
-        {0.5, true, true, 0.5, 0.5},   // both held: up, then down
-        {5.0, false, false, 1.0, 5.0}, // the asked-for throttle may leave the range
-        {0.0001, true, false, 0.001 / 0.9, 0.001 / 0.9},
-    };
-    for (const Case& k : cases) {
-        SCOPED_TRACE(testing::Message() << k.desired << " up " << k.up << " down " << k.down);
-        Controller c;
-        play::toStillFlight(c, 3, 14);
-        c.desiredThrottle = k.desired;
-        c.isThrottlingUp = k.up;
-        c.isThrottlingDown = k.down;
-        c.doFrame();
-        EXPECT_DOUBLE_EQ(c.game.player.throttle, k.throttle);
-        EXPECT_DOUBLE_EQ(c.desiredThrottle, k.desiredAfter);
-    }
 }
 
 // From infinity or 0 the other key could never bring the scale back.
