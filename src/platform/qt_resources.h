@@ -52,9 +52,9 @@ struct FileStamp {
 // file's stamp, and a missing or refused file is said once on the error stream, not at every ask.
 class QtResources final : public Resources {
   public:
-    static constexpr qint64 kTextLimit = 64 * 1024;               // bytes
-    static constexpr qint64 kPictureFileLimit = 64 * 1024 * 1024; // bytes
-    static constexpr qint64 kPixelLimit = qint64{4096} * 4096;    // pixels
+    static constexpr qint64 kTextLimit = qint64{64} * 1024;               // bytes
+    static constexpr qint64 kPictureFileLimit = qint64{64} * 1024 * 1024; // bytes
+    static constexpr qint64 kPixelLimit = qint64{4096} * 4096;            // pixels
 
     explicit QtResources(std::filesystem::path folder) : folder_(std::move(folder)) {}
     PictureHandle loadPicture(const std::string& name, const std::string& type) override;

@@ -36,7 +36,7 @@ struct Game {
     void doFrame(int level);
     // Puts the world into the starting state of a level (world/levels.h) at the present
     // difficulty. A number outside the table is taken as the nearest level.
-    void setLevel(int level);
+    void setLevel(int n);
 };
 
 } // namespace apsis
