@@ -83,9 +83,13 @@ void GameView::paintEvent(QPaintEvent* event) {
 }
 
 void GameView::keyPressEvent(QKeyEvent* event) {
-    // F2 belongs to the window, like F11: it has no text, so the game never sees it.
+    // F2 belongs to the window, like F11: it has no text, so the game never sees it. A held F2
+    // toggles once: a repeat, flagged or only given away by sharing its release's timestamp
+    // (events made without a time carry 0), does not.
     if (event->key() == Qt::Key_F2) {
-        if (!event->isAutoRepeat()) {
+        const bool isRepeat =
+            event->isAutoRepeat() || (event->timestamp() != 0 && event->timestamp() == f2Released_);
+        if (!isRepeat) {
             ctrl_->toggleNavAids();
             wholeView_ = true;
         }
@@ -96,6 +100,10 @@ void GameView::keyPressEvent(QKeyEvent* event) {
 }
 
 void GameView::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F2) {
+        f2Released_ = event->timestamp();
+        return;
+    }
     if (!keys_.release(*event))
         QWidget::keyReleaseEvent(event);
     if (keys_.hasPendingRelease())

@@ -23,6 +23,8 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), view_(new GameVie
     auto* fullScreen = new QAction(this);
     fullScreen->setShortcut(Qt::Key_F11);
     fullScreen->setShortcutContext(Qt::ApplicationShortcut);
+    // A held F11 switches once, not at every automatic repeat.
+    fullScreen->setAutoRepeat(false);
     connect(fullScreen, &QAction::triggered, this, &MainWindow::toggleFullScreen);
     addAction(fullScreen);
 
