@@ -1,6 +1,7 @@
 #include "control/controller.h"
 #include "control/keys.h"
 #include "control/seeded_flight.h"
+#include "game_frames.h"
 #include "host/damage_canvas.h"
 #include "platform/qt_canvas.h"
 #include "platform/qt_resources.h"
@@ -16,16 +17,6 @@ namespace {
 
 using apsis::Controller;
 
-// The game's own pictures and texts, from the resource folder beside the binary.
-void useGameResources() {
-    static const bool installed = [] {
-        apsis::installResources(std::make_unique<apsis::QtResources>(
-            apsis::findResourceFolder(apsis::executableFolder())));
-        return true;
-    }();
-    (void)installed;
-}
-
 // A level in flight with the same layout every time: briefing dismissed, world running.
 void fly(Controller& c, int level, int ticks) {
     apsis::flySeeded(c, level, static_cast<unsigned>(level));
@@ -38,12 +29,7 @@ void fly(Controller& c, int level, int ticks) {
 void drawFrames(benchmark::State& state, Controller& c, int width, int height) {
     QImage buffer(width, height, QImage::Format_RGB32);
     for (auto _ : state) {
-        buffer.fill(Qt::black);
-        QPainter painter(&buffer);
-        apsis::QtCanvas canvas(painter);
-        apsis::CanvasFocus focus(canvas);
-        c.drawRect();
-        painter.end();
+        apsis::bench::drawFrame(buffer, c);
         benchmark::DoNotOptimize(buffer.constBits());
     }
     state.counters["fps"] =
@@ -52,7 +38,7 @@ void drawFrames(benchmark::State& state, Controller& c, int width, int height) {
 
 // A flight frame of level 1: Earth, the craft, the head-up display, the gauges and the scale.
 void BM_FlightFrame(benchmark::State& state) {
-    useGameResources();
+    apsis::bench::useGameResources();
     auto c = std::make_unique<Controller>();
     fly(*c, 1, 30);
     drawFrames(state, *c, static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
@@ -66,7 +52,7 @@ BENCHMARK(BM_FlightFrame)
 // Level 7 as it starts: 200 m across the view, the station and the craft beside it filling the
 // view as pictures hundreds of points wide, and every planet billions of points away.
 void BM_DeepZoomFrame(benchmark::State& state) {
-    useGameResources();
+    apsis::bench::useGameResources();
     auto c = std::make_unique<Controller>();
     fly(*c, 7, 3);
     drawFrames(state, *c, static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
@@ -79,19 +65,14 @@ BENCHMARK(BM_DeepZoomFrame)
 // Level 7 while the player holds the zoom keys: in for 20 frames, out for 20, so that every frame
 // scales the station and the craft to a size not drawn just before.
 void BM_ZoomingFrame(benchmark::State& state) {
-    useGameResources();
+    apsis::bench::useGameResources();
     auto c = std::make_unique<Controller>();
     fly(*c, 7, 3);
     QImage buffer(1280, 800, QImage::Format_RGB32);
     int frame = 0;
     for (auto _ : state) {
         c->drawView.viewScale *= (frame++ % 40 < 20) ? 0.9025 : 1.0 / 0.9025;
-        buffer.fill(Qt::black);
-        QPainter painter(&buffer);
-        apsis::QtCanvas canvas(painter);
-        apsis::CanvasFocus focus(canvas);
-        c->drawRect();
-        painter.end();
+        apsis::bench::drawFrame(buffer, *c);
         benchmark::DoNotOptimize(buffer.constBits());
     }
 }
@@ -128,7 +109,7 @@ void redrawAfterKeys(benchmark::State& state, Controller& c, unsigned short key)
 
 // The menu, its highlight moving down the entries: the menu picture and a band over it.
 void BM_MenuRedraw(benchmark::State& state) {
-    useGameResources();
+    apsis::bench::useGameResources();
     auto c = std::make_unique<Controller>();
     c->setMode(apsis::MODE_MENU);
     redrawAfterKeys(state, *c, apsis::kKeyDown);
@@ -138,7 +119,7 @@ BENCHMARK(BM_MenuRedraw)->Args({1280, 800})->Unit(benchmark::kMillisecond)->Meas
 // The set-up screen, the level changing: menu pictures, the panel, a dozen texts and the level
 // names.
 void BM_SetupRedraw(benchmark::State& state) {
-    useGameResources();
+    apsis::bench::useGameResources();
     auto c = std::make_unique<Controller>();
     c->setMode(apsis::MODE_CHOICE);
     c->game.difficulty = 2;

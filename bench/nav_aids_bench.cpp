@@ -1,11 +1,9 @@
 #include "control/controller.h"
 #include "control/keys.h"
-#include "physics/numeric.h"
-#include "platform/qt_canvas.h"
-#include "platform/qt_resources.h"
+#include "control/seeded_flight.h"
+#include "game_frames.h"
 
 #include <benchmark/benchmark.h>
-#include <cstdlib>
 #include <memory>
 
 #include <QImage>
@@ -17,11 +15,7 @@ using apsis::Controller;
 
 // Level 1 in flight, the same layout every time, the aids on or off, the engine burning or not.
 void fly(Controller& c, bool aids, bool burning) {
-    apsis::randSeedSet = true;
-    std::srand(1);
-    c.startLevel(1);
-    c.keyDown(apsis::kKeySpace);
-    c.keyDown(apsis::kKeySpace);
+    apsis::flySeeded(c, 1, 1);
     if (aids)
         c.toggleNavAids();
     // Long enough for the aids to look a whole orbit ahead.
@@ -35,12 +29,7 @@ void fly(Controller& c, bool aids, bool burning) {
 // drawn. Arguments: aids off or on; coasting (the path kept and extended) or burning (the path
 // found again at every tick, the dearest case).
 void BM_FlightTickWithAids(benchmark::State& state) {
-    static const bool installed = [] {
-        apsis::installResources(std::make_unique<apsis::QtResources>(
-            apsis::findResourceFolder(apsis::executableFolder())));
-        return true;
-    }();
-    (void)installed;
+    apsis::bench::useGameResources();
     const bool aids = state.range(0) != 0;
     const bool burning = state.range(1) != 0;
     auto c = std::make_unique<Controller>();
@@ -48,12 +37,7 @@ void BM_FlightTickWithAids(benchmark::State& state) {
     QImage buffer(1280, 800, QImage::Format_RGB32);
     for (auto _ : state) {
         c->doFrame();
-        buffer.fill(Qt::black);
-        QPainter painter(&buffer);
-        apsis::QtCanvas canvas(painter);
-        apsis::CanvasFocus focus(canvas);
-        c->drawRect();
-        painter.end();
+        apsis::bench::drawFrame(buffer, *c);
         benchmark::DoNotOptimize(buffer.constBits());
         if (c->mode != apsis::MODE_PLAY) {
             state.PauseTiming();
