@@ -97,13 +97,22 @@ shot burn1
 sleep 0.7
 shot burn2
 xdotool keyup Up
-sleep 0.3
-shot coast1
-sleep 0.5
-shot coast2
 green=$(mean burn1 6x600+1261+110) # the fuel gauge's green bar at the right edge
 awk -v g="$green" 'BEGIN { exit !(g > 0.3) }' || fail "no fuel gauge in flight (mean $green)"
 same burn1 burn2 "$fuel" && fail "the engine stopped while Up was still held"
-same coast1 coast2 "$fuel" || fail "the engine burned on after Up was let go"
+# The fuel then stands still: within a few seconds, since a loaded machine may run the game late,
+# but an engine that burns on never lets two read-outs half a second apart agree.
+coasting=0
+for _ in 1 2 3 4 5 6; do
+    sleep 0.3
+    shot coast1
+    sleep 0.5
+    shot coast2
+    if same coast1 coast2 "$fuel"; then
+        coasting=1
+        break
+    fi
+done
+[ "$coasting" = 1 ] || fail "the engine burned on after Up was let go"
 kill -0 "${pids[1]}" || fail "the game is gone"
 echo "end_to_end: one highlight move per tap or 2 s hold, one press per held Space; the engine burned while held and stopped at release"
