@@ -44,6 +44,7 @@ struct Controller {
     double desiredThrottle = 1.0;        // the throttle asked for; may stray past the craft's range
     bool isShowingNavAids = false;       // F2: the path ahead and the goal drawn over the flight
     NavPrediction navPrediction;         // the path ahead, kept while the aids show
+    NavAids navAids;                     // what the aids draw, worked out once a tick
 
     Controller();
     Controller(const Controller&) = delete;
@@ -66,6 +67,7 @@ struct Controller {
     void checkObjectives();
     // The navigation aids: turned on and off in flight only; they only add to the picture.
     void toggleNavAids();
+    void updateNavAids();
     void drawNavAidsOver();
 };
 

@@ -108,7 +108,7 @@ void Controller::doFrame() {
     if (game.running)
         checkObjectives();
     if (isShowingNavAids)
-        navPrediction.update(game, level, drawView.viewTarget);
+        updateNavAids();
     needsRedraw = true;
 }
 
