@@ -61,6 +61,16 @@ void flyWithAids(Controller& c, int level, unsigned seed, int ticks) {
     tick(c, 600);
 }
 
+// A burn at a heading, then the aids turned on and the world left to run.
+void burnThenShowAids(Controller& c, double heading, int burnTicks, int coastTicks) {
+    c.game.player.pos.angle = c.game.player.targetAngle = heading;
+    c.keyDown(kKeyUp);
+    tick(c, burnTicks);
+    c.keyUp(kKeyUp);
+    c.toggleNavAids();
+    tick(c, coastTicks);
+}
+
 } // namespace
 
 std::vector<Scene> scenes() {
@@ -169,25 +179,14 @@ std::vector<Scene> scenes() {
     }
     add("18-aids-level1-after-burn", [](Controller& c) {
         fly(c, 1, 2, 3);
-        c.game.player.pos.angle = c.game.player.targetAngle = 0.3;
-        c.keyDown(kKeyUp);
-        tick(c, 20);
-        c.keyUp(kKeyUp);
-        c.toggleNavAids();
-        tick(c, 150);
+        burnThenShowAids(c, 0.3, 20, 150);
     });
     add("18-aids-level2-impact-ahead", [](Controller& c) {
         fly(c, 2, 2, 3);
         // Turned against the motion around Earth and burned: the low point sinks below ground.
         const Position& p = c.game.player.pos;
         const Position& e = c.game.earth.pos;
-        c.game.player.pos.angle = c.game.player.targetAngle =
-            balance(std::atan2(p.vy - e.vy, p.vx - e.vx) + kPi);
-        c.keyDown(kKeyUp);
-        tick(c, 80);
-        c.keyUp(kKeyUp);
-        c.toggleNavAids();
-        tick(c, 300);
+        burnThenShowAids(c, balance(std::atan2(p.vy - e.vy, p.vx - e.vx) + kPi), 80, 300);
     });
     add("18-aids-level7-countdown", [](Controller& c) {
         flyWithAids(c, 7, 7, 3);
