@@ -4,6 +4,7 @@
 #include <cmath>
 #include <deque>
 
+#include <QFontInfo>
 #include <QPaintDevice>
 
 namespace apsis {
@@ -64,7 +65,9 @@ QFont fontFor(FontFamily family, float size) {
 Face::Face(const QFont& f, const QPaintDevice* device)
     : font(f), metrics(f, device), ascent(metrics.ascent()),
       lineHeight(metrics.ascent() + metrics.descent()),
-      lineSpacing(std::max(metrics.lineSpacing(), 1.0)) {}
+      lineSpacing(std::max(metrics.lineSpacing(), 1.0)), fixedPitch_(QFontInfo(f).fixedPitch()) {
+    advances_.fill(-1.0);
+}
 
 QSizeF Face::boxOf(const QStringList& lines) const {
     if (lines.isEmpty() || (lines.size() == 1 && lines.front().isEmpty()))
@@ -75,7 +78,28 @@ QSizeF Face::boxOf(const QStringList& lines) const {
     return {width, static_cast<double>(lines.size() - 1) * lineSpacing + lineHeight};
 }
 
+double Face::sumOfAdvances(const QString& line) const {
+    if (!fixedPitch_)
+        return -1.0;
+    double width = 0.0;
+    for (const QChar c : line) {
+        const auto code = c.unicode();
+        if (code < u' ' || code > u'~')
+            return -1.0;
+        double& advance = advances_[code - u' '];
+        if (advance < 0.0)
+            advance = metrics.horizontalAdvance(c);
+        width += advance;
+    }
+    return width;
+}
+
 double Face::widthOf(const QString& line) const {
+    // The read-outs of the display are set in a face of one pitch and change every frame. Such a
+    // face neither kerns nor joins letters, so a line of it is as wide as its letters' advances
+    // together, to the bit: each advance is a whole number of 64ths of a point.
+    if (const double sum = sumOfAdvances(line); sum >= 0.0)
+        return sum;
     if (const auto found = widths_.find(line); found != widths_.end())
         return found->second;
     if (widths_.size() >= kKeptWidths)

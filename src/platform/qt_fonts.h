@@ -2,6 +2,7 @@
 
 #include "presentation/canvas.h"
 
+#include <array>
 #include <string>
 #include <unordered_map>
 
@@ -32,6 +33,13 @@ struct Face {
     double widthOf(const QString& line) const;
 
   private:
+    // The sum of the characters' own advances, for a line in a face of one pitch that holds only
+    // printable ASCII; below zero when it needs shaping.
+    double sumOfAdvances(const QString& line) const;
+
+    bool fixedPitch_ = false;
+    // Advances of the printable ASCII characters, from the space on; below zero until measured.
+    mutable std::array<double, 95> advances_;
     mutable std::unordered_map<QString, double> widths_;
 };
 

@@ -290,3 +290,33 @@ TEST(QtFonts, TheGameFamiliesResolveToTheirFacesAtWholePixelSizes) {
 
 } // namespace
 } // namespace apsis
+
+namespace apsis {
+namespace {
+
+// The display's face is measured by adding up its letters: that must be the width Qt lays the
+// line out at, to the bit, or the view would repaint too little where a read-out changed.
+TEST(QtFonts, ALineOfOnePitchIsAsWideAsQtLaysItOut) {
+    QImage device(8, 8, QImage::Format_RGB32);
+    QString ascii;
+    for (char16_t c = u' '; c <= u'~'; ++c)
+        ascii += QChar(c);
+    for (const float size : {9.0f, 12.0f, 13.0f, 14.0f}) {
+        const Face face(fontFor(FontFamily::Courier, size), &device);
+        for (const QChar a : ascii) {
+            for (const QChar b : ascii) {
+                const QString pair = QString(a) + b;
+                ASSERT_EQ(face.widthOf(pair), face.metrics.horizontalAdvance(pair))
+                    << pair.toStdString() << " at " << size;
+            }
+        }
+        for (const QString& line : {ascii, QString("Fuel: <6y 91d 06h 00m 00s>"),
+                                    QString("Distance to Earth: 19,998km"), QString("2 µs ffi"),
+                                    QString("Höhe →")})
+            EXPECT_EQ(face.widthOf(line), face.metrics.horizontalAdvance(line))
+                << line.toStdString();
+    }
+}
+
+} // namespace
+} // namespace apsis
