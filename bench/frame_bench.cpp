@@ -62,6 +62,20 @@ BENCHMARK(BM_DeepZoomFrame)
     ->Unit(benchmark::kMillisecond)
     ->MeasureProcessCPUTime();
 
+// The practice level after zoom in is held for two seconds: the view is 255 km across and a
+// planet's picture fills it, each of its pixels some three hundred points wide.
+void BM_MagnifiedPlanetFrame(benchmark::State& state) {
+    apsis::bench::useGameResources();
+    auto c = std::make_unique<Controller>();
+    fly(*c, 0, 60);
+    c->keyDown(apsis::kKeyW);
+    for (int i = 0; i < 60; ++i)
+        c->doFrame();
+    c->keyUp(apsis::kKeyW);
+    drawFrames(state, *c, 1280, 800);
+}
+BENCHMARK(BM_MagnifiedPlanetFrame)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+
 // Level 7 while the player holds the zoom keys: in for 20 frames, out for 20, so that every frame
 // scales the station and the craft to a size not drawn just before.
 void BM_ZoomingFrame(benchmark::State& state) {

@@ -13,6 +13,9 @@ constexpr qint64 kLargestKept = qint64{4096} * 4096; // pixels
 
 // Lines of a band: under the 96 from which Qt shares a draw among threads.
 constexpr int kBandLines = 64;
+// Points of the surface to one pixel of a picture beyond which Qt samples the picture in floating
+// point rather than in 16.16 fixed point.
+constexpr double kFinestSampling = 256.0;
 
 } // namespace
 
@@ -73,8 +76,13 @@ void drawInBands(QPainter& painter, const QRectF& to, const QImage& image, const
     // but a shift by whole pixels the picture is drawn in one piece.
     const QTransform device = painter.deviceTransform();
     const QRect pixels = device.mapRect(to).toAlignedRect();
+    // Magnified beyond what Qt's fixed-point sampling resolves, every pixel costs it many times
+    // more and the draw is slow wherever it runs: Qt's worker threads then at least share it.
+    const bool magnifiedPastFixedPoint = from.width() * kFinestSampling < to.width() ||
+                                         from.height() * kFinestSampling < to.height();
     if (device.type() > QTransform::TxTranslate || device.dx() != std::round(device.dx()) ||
-        device.dy() != std::round(device.dy()) || pixels.height() <= kBandLines) {
+        device.dy() != std::round(device.dy()) || pixels.height() <= kBandLines ||
+        magnifiedPastFixedPoint) {
         painter.drawImage(to, image, from);
         return;
     }

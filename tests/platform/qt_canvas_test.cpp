@@ -310,9 +310,9 @@ TEST(QtFonts, ALineOfOnePitchIsAsWideAsQtLaysItOut) {
                     << pair.toStdString() << " at " << size;
             }
         }
-        for (const QString& line : {ascii, QString("Fuel: <6y 91d 06h 00m 00s>"),
-                                    QString("Distance to Earth: 19,998km"), QString("2 µs ffi"),
-                                    QString("Höhe →")})
+        for (const QString& line :
+             {ascii, QString("Fuel: <6y 91d 06h 00m 00s>"), QString("Distance to Earth: 19,998km"),
+              QString("2 µs ffi"), QString("Höhe →")})
             EXPECT_EQ(face.widthOf(line), face.metrics.horizontalAdvance(line))
                 << line.toStdString();
     }
