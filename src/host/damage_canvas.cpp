@@ -146,22 +146,47 @@ QRegion DamageCanvas::changedSince(const std::vector<Mark>& before) const {
     std::unordered_map<std::uint64_t, int> counts;
     for (const Mark& mark : before)
         ++counts[mark.signature];
-    QRegion changed;
+    std::vector<QRect> changed;
     for (const Mark& mark : marks_) {
         auto found = counts.find(mark.signature);
         if (found != counts.end() && found->second > 0)
             --found->second;
         else
-            changed += mark.bounds;
+            changed.push_back(mark.bounds);
     }
     for (const Mark& mark : before) {
         auto found = counts.find(mark.signature);
         if (found->second > 0) {
             --found->second;
-            changed += mark.bounds;
+            changed.push_back(mark.bounds);
         }
     }
-    return changed;
+    joinNeighbours(changed);
+    QRegion region;
+    for (const QRect& r : changed)
+        region += r;
+    return region;
+}
+
+void DamageCanvas::joinNeighbours(std::vector<QRect>& rects) {
+    if (rects.size() > kMostJoined)
+        return;
+    const auto area = [](const QRect& r) { return qint64{r.width()} * r.height(); };
+    for (bool joined = true; joined;) {
+        joined = false;
+        for (std::size_t i = 0; i < rects.size(); ++i) {
+            for (std::size_t j = i + 1; j < rects.size();) {
+                const QRect both = rects[i].united(rects[j]);
+                if (area(both) <= area(rects[i]) + area(rects[j]) + kAreaOfARequest) {
+                    rects[i] = both;
+                    rects.erase(rects.begin() + static_cast<std::ptrdiff_t>(j));
+                    joined = true;
+                } else {
+                    ++j;
+                }
+            }
+        }
+    }
 }
 
 } // namespace apsis

@@ -43,7 +43,19 @@ class DamageCanvas final : public Canvas {
     // that only one of them draws.
     QRegion changedSince(const std::vector<Mark>& before) const;
 
+    // The window sends a repainted region to the X server one rectangle at a time, a request
+    // each, and a frame's changes come as many small rectangles close together: a moving craft's
+    // outline and marker, a line of text. Rectangles are joined into their common bounding box
+    // wherever it covers little more than they do apart; repainting more of the view draws the
+    // same pixels there.
+    static void joinNeighbours(std::vector<QRect>& rects);
+
   private:
+    // Pixels that cost about what one more request does.
+    static constexpr qint64 kAreaOfARequest = 64 * 64;
+    // Beyond this many rectangles, a frame that changes all over, they are left as they are.
+    static constexpr std::size_t kMostJoined = 64;
+
     // Notes a primitive covering a rectangle of the view (y upwards), widened by margin points.
     void add(std::uint64_t signature, const Rect& r, double margin);
     // The ground a path covers, y upwards; false for an empty path.
