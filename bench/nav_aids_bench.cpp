@@ -2,9 +2,11 @@
 #include "control/keys.h"
 #include "control/seeded_flight.h"
 #include "game_frames.h"
+#include "host/damage_canvas.h"
 
 #include <benchmark/benchmark.h>
 #include <memory>
+#include <vector>
 
 #include <QImage>
 #include <QPainter>
@@ -54,6 +56,47 @@ BENCHMARK(BM_FlightTickWithAids)
     ->Args({0, 1})
     ->Args({1, 1})
     ->MeasureProcessCPUTime() // Qt may hand large drawings to worker threads
+    ->Unit(benchmark::kMillisecond);
+
+// One tick of the practice level as the window lives it: the controller's step, the pass that
+// notes what the frame draws, and the paint of only the region that changed, clipped to it as Qt
+// clips a widget's paint. Arguments: the view's width and height.
+void BM_WindowFlightTick(benchmark::State& state) {
+    apsis::bench::useGameResources();
+    const int width = static_cast<int>(state.range(0));
+    const int height = static_cast<int>(state.range(1));
+    const apsis::Size size{static_cast<float>(width), static_cast<float>(height)};
+    auto c = std::make_unique<Controller>();
+    apsis::flySeeded(*c, 0, 0);
+    QImage buffer(width, height, QImage::Format_RGB32);
+    apsis::bench::drawFrame(buffer, *c);
+    std::vector<apsis::DamageCanvas::Mark> before;
+    for (auto _ : state) {
+        c->doFrame();
+        apsis::DamageCanvas notes(&buffer, size);
+        {
+            apsis::CanvasFocus focus(notes);
+            c->drawRect();
+        }
+        const QRegion changed = notes.changedSince(before);
+        before = notes.marks();
+        QPainter painter(&buffer);
+        painter.setClipRegion(changed);
+        painter.fillRect(buffer.rect(), Qt::black);
+        apsis::QtCanvas canvas(painter, size);
+        canvas.setDirtyRegion(changed);
+        apsis::CanvasFocus focus(canvas);
+        c->drawRect();
+        painter.end();
+        benchmark::DoNotOptimize(buffer.constBits());
+    }
+}
+// Twenty seconds of flight from the same start, so that every run measures the same ticks.
+BENCHMARK(BM_WindowFlightTick)
+    ->Args({1280, 800})
+    ->Args({1920, 1080})
+    ->Iterations(600)
+    ->MeasureProcessCPUTime()
     ->Unit(benchmark::kMillisecond);
 
 } // namespace
