@@ -11,9 +11,9 @@ namespace apsis {
 
 // How far ink may reach beyond the geometry it was drawn from, points. What is drawn and what is
 // known to change on screen are both judged by these, so that they agree.
-inline constexpr double kEdgeReach = 2.0;    // antialiased edges of fills and pictures
-inline constexpr double kStrokeReach = 16.0; // half a line, and the mitre of a sharp turn
-inline constexpr double kTextReach = 8.0;    // letters overhanging their measured box
+inline constexpr double kEdgeReach = 2.0;   // antialiased edges of fills and pictures
+inline constexpr double kStrokeReach = 8.0; // a mitre, up to 5 from its corner, and a soft edge
+inline constexpr double kTextReach = 8.0;   // letters overhanging their measured box
 
 // A colour channel or an opacity held to 0..1; not a number counts as 0.
 inline double unitInterval(double v) {

@@ -1,4 +1,5 @@
 #include "platform/qt_canvas.h"
+#include "platform/qt_convert.h"
 #include "platform/qt_fonts.h"
 #include "platform/qt_resources.h"
 
@@ -104,6 +105,36 @@ TEST_F(QtCanvasTest, StrokesAreOnePointOutlinesAndFillsCloseTheirShapes) {
     EXPECT_EQ(at(121, 11), QColor(Qt::black)); // the oval's corner stays empty
     EXPECT_EQ(at(180, 80), QColor(Qt::red));
     EXPECT_EQ(at(168, 80), QColor(Qt::black)); // square-cut ends: nothing beyond the end point
+}
+
+// What the view repaints around a stroke must hold all of its ink. The sharpest turns reach
+// furthest: on a dense screen, where a line is wider than a pixel, as mitres until they are cut.
+TEST(QtCanvasReach, AStrokesInkStaysWithinItsReach) {
+    for (const double density : {1.0, 2.0, 3.0}) {
+        for (const float spread : {0.02f, 0.1f, 0.2f, 0.3f, 0.42f, 0.5f, 0.7f, 1.0f, 2.0f}) {
+            QImage surface(static_cast<int>(200 * density), static_cast<int>(100 * density),
+                           QImage::Format_RGB32);
+            surface.setDevicePixelRatio(density);
+            surface.fill(Qt::black);
+            QPainter painter(&surface);
+            QtCanvas canvas(painter);
+            Path v; // a turn back on itself at (100.3, 50.2), its arms 60 points long
+            v.moveTo({40.3f, 50.2f - spread * 30.0f});
+            v.lineTo({100.3f, 50.2f});
+            v.lineTo({40.3f, 50.2f + spread * 30.0f});
+            canvas.strokePath(v, colors::white);
+            painter.end();
+            int right = -1; // the rightmost lit pixel's right edge, points
+            for (int y = 0; y < surface.height(); ++y) {
+                for (int x = surface.width() - 1; x > right; --x) {
+                    if (surface.pixelColor(x, y) != QColor(Qt::black))
+                        right = x;
+                }
+            }
+            EXPECT_LE((right + 1) / density, 100.3 + kStrokeReach) << density << " " << spread;
+            EXPECT_GE((right + 1) / density, 100.3) << density << " " << spread;
+        }
+    }
 }
 
 TEST_F(QtCanvasTest, AbsurdGeometryDrawsWhatCanBeSeenAndNothingElse) {
