@@ -111,5 +111,21 @@ TEST_F(PartialRepaint, FlightZoomPauseAndRestartLeaveNoTrace) {
     expectScreenIsWholeFrame("after the fade");
 }
 
+// Rectangles close together go to the X server as one; those far apart, where one would cover
+// much more ground than both, stay apart.
+TEST(JoinedRepaint, NeighboursBecomeOneRectangleAndDistantOnesStayApart) {
+    std::vector<QRect> rects{{100, 100, 40, 10},
+                             {100, 112, 40, 10},
+                             {105, 95, 30, 30},
+                             {600, 500, 40, 40},
+                             {10, 500, 20, 20}};
+    DamageCanvas::joinNeighbours(rects);
+    EXPECT_EQ(rects,
+              (std::vector<QRect>{{100, 95, 40, 30}, {600, 500, 40, 40}, {10, 500, 20, 20}}));
+    std::vector<QRect> wide{{0, 0, 800, 20}, {0, 300, 800, 20}}; // a wide gap of wide ground
+    DamageCanvas::joinNeighbours(wide);
+    EXPECT_EQ(wide.size(), 2u);
+}
+
 } // namespace
 } // namespace apsis
