@@ -76,8 +76,9 @@ void drawInBands(QPainter& painter, const QRectF& to, const QImage& image, const
     // but a shift by whole pixels the picture is drawn in one piece.
     const QTransform device = painter.deviceTransform();
     const QRect pixels = device.mapRect(to).toAlignedRect();
-    // Magnified beyond what Qt's fixed-point sampling resolves, every pixel costs it many times
-    // more and the draw is slow wherever it runs: Qt's worker threads then at least share it.
+    // Magnified beyond what Qt's fixed-point sampling resolves, a picture costs Qt many times
+    // more a pixel, and drawn in bands more again: in one piece it takes about half the CPU, and
+    // Qt's worker threads share it.
     const bool magnifiedPastFixedPoint = from.width() * kFinestSampling < to.width() ||
                                          from.height() * kFinestSampling < to.height();
     if (device.type() > QTransform::TxTranslate || device.dx() != std::round(device.dx()) ||
