@@ -52,7 +52,7 @@ class DamageCanvas final : public Canvas {
 
   private:
     // Pixels that cost about what one more request does.
-    static constexpr qint64 kAreaOfARequest = 64 * 64;
+    static constexpr qint64 kAreaOfARequest = qint64{64} * 64;
     // Beyond this many rectangles, a frame that changes all over, they are left as they are.
     static constexpr std::size_t kMostJoined = 64;
 
