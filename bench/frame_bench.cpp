@@ -3,15 +3,12 @@
 #include "control/seeded_flight.h"
 #include "game_frames.h"
 #include "host/damage_canvas.h"
-#include "platform/qt_canvas.h"
-#include "platform/qt_resources.h"
 
 #include <benchmark/benchmark.h>
 #include <memory>
 #include <vector>
 
 #include <QImage>
-#include <QPainter>
 
 namespace {
 
@@ -96,27 +93,13 @@ BENCHMARK(BM_ZoomingFrame)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime
 // draws, then the whole view painted, black first. The screens read their pictures and texts at
 // every draw, in both passes.
 void redrawAfterKeys(benchmark::State& state, Controller& c, unsigned short key) {
-    const int width = static_cast<int>(state.range(0));
-    const int height = static_cast<int>(state.range(1));
-    const apsis::Size size{static_cast<float>(width), static_cast<float>(height)};
-    QImage buffer(width, height, QImage::Format_RGB32);
+    QImage buffer(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)),
+                  QImage::Format_RGB32);
     std::vector<apsis::DamageCanvas::Mark> before;
     for (auto _ : state) {
         c.keyDown(key);
         c.keyUp(key);
-        apsis::DamageCanvas notes(&buffer, size);
-        {
-            apsis::CanvasFocus focus(notes);
-            c.drawRect();
-        }
-        benchmark::DoNotOptimize(notes.changedSince(before));
-        before = notes.marks();
-        QPainter painter(&buffer);
-        painter.fillRect(buffer.rect(), Qt::black);
-        apsis::QtCanvas canvas(painter, size);
-        apsis::CanvasFocus focus(canvas);
-        c.drawRect();
-        painter.end();
+        apsis::bench::redrawAsTheWindow(buffer, c, before, true);
         benchmark::DoNotOptimize(buffer.constBits());
     }
 }

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include <QImage>
-#include <QPainter>
 
 namespace {
 
@@ -63,31 +62,15 @@ BENCHMARK(BM_FlightTickWithAids)
 // clips a widget's paint. Arguments: the view's width and height.
 void BM_WindowFlightTick(benchmark::State& state) {
     apsis::bench::useGameResources();
-    const int width = static_cast<int>(state.range(0));
-    const int height = static_cast<int>(state.range(1));
-    const apsis::Size size{static_cast<float>(width), static_cast<float>(height)};
     auto c = std::make_unique<Controller>();
     apsis::flySeeded(*c, 0, 0);
-    QImage buffer(width, height, QImage::Format_RGB32);
+    QImage buffer(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)),
+                  QImage::Format_RGB32);
     apsis::bench::drawFrame(buffer, *c);
     std::vector<apsis::DamageCanvas::Mark> before;
     for (auto _ : state) {
         c->doFrame();
-        apsis::DamageCanvas notes(&buffer, size);
-        {
-            apsis::CanvasFocus focus(notes);
-            c->drawRect();
-        }
-        const QRegion changed = notes.changedSince(before);
-        before = notes.marks();
-        QPainter painter(&buffer);
-        painter.setClipRegion(changed);
-        painter.fillRect(buffer.rect(), Qt::black);
-        apsis::QtCanvas canvas(painter, size);
-        canvas.setDirtyRegion(changed);
-        apsis::CanvasFocus focus(canvas);
-        c->drawRect();
-        painter.end();
+        apsis::bench::redrawAsTheWindow(buffer, *c, before, false);
         benchmark::DoNotOptimize(buffer.constBits());
     }
 }
