@@ -13,7 +13,7 @@ constexpr qint64 kLargestKept = qint64{4096} * 4096; // pixels
 
 // Lines of a band: under the 96 from which Qt shares a draw among threads.
 constexpr int kBandLines = 64;
-// Points of the surface to one pixel of a picture beyond which Qt samples the picture in floating
+// Pixels of the surface to one pixel of a picture beyond which Qt samples the picture in floating
 // point rather than in 16.16 fixed point.
 constexpr double kFinestSampling = 256.0;
 
@@ -79,8 +79,8 @@ void drawInBands(QPainter& painter, const QRectF& to, const QImage& image, const
     // Magnified beyond what Qt's fixed-point sampling resolves, a picture costs Qt many times
     // more a pixel, and drawn in bands more again: in one piece it takes about half the CPU, and
     // Qt's worker threads share it.
-    const bool magnifiedPastFixedPoint = from.width() * kFinestSampling < to.width() ||
-                                         from.height() * kFinestSampling < to.height();
+    const bool magnifiedPastFixedPoint = from.width() * kFinestSampling < pixels.width() ||
+                                         from.height() * kFinestSampling < pixels.height();
     if (device.type() > QTransform::TxTranslate || device.dx() != std::round(device.dx()) ||
         device.dy() != std::round(device.dy()) || pixels.height() <= kBandLines ||
         magnifiedPastFixedPoint) {
