@@ -101,6 +101,13 @@ void playKey(Controller& c, unsigned short key) {
 } // namespace
 
 void Controller::keyDown(unsigned short key) {
+    // The keys the game adds act in flight only; elsewhere they are not even the "any key" that a
+    // screen waits for.
+    if (key == kKeyF2) {
+        toggleNavAids();
+        return;
+    }
+
     // Stage 1: what the key means on the present screen.
     switch (mode) {
     case MODE_INTRO:

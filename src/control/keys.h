@@ -20,4 +20,8 @@ inline constexpr unsigned short kKeyDown = 0xF701;
 inline constexpr unsigned short kKeyLeft = 0xF702;
 inline constexpr unsigned short kKeyRight = 0xF703;
 
+// Keys the game adds to those above. A function key has no text: it takes a private-use code after
+// the arrows', its number counted from 0xF704 for F1, which no typed key can give.
+inline constexpr unsigned short kKeyF2 = 0xF705; // navigation aids on and off, in flight
+
 } // namespace apsis

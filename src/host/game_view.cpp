@@ -37,13 +37,6 @@ GameView::GameView(QWidget* parent)
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &GameView::doFrame);
     timer_.start(frameClock_.firstWait());
-
-    // An automatic repeat's press follows its release at once; a player's own press of the same
-    // key comes tens of milliseconds later at the earliest.
-    releaseTimer_.setTimerType(Qt::PreciseTimer);
-    releaseTimer_.setSingleShot(true);
-    releaseTimer_.setInterval(20);
-    connect(&releaseTimer_, &QTimer::timeout, this, [this] { keys_.flush(); });
 }
 
 GameView::~GameView() = default;
@@ -83,31 +76,13 @@ void GameView::paintEvent(QPaintEvent* event) {
 }
 
 void GameView::keyPressEvent(QKeyEvent* event) {
-    // F2 belongs to the window, like F11: it has no text, so the game never sees it. A held F2
-    // toggles once: a repeat, flagged or only given away by sharing its release's timestamp
-    // (events made without a time carry 0), does not.
-    if (event->key() == Qt::Key_F2) {
-        const bool isRepeat =
-            event->isAutoRepeat() || (event->timestamp() != 0 && event->timestamp() == f2Released_);
-        if (!isRepeat) {
-            ctrl_->toggleNavAids();
-            wholeView_ = true;
-        }
-        return;
-    }
     if (!keys_.press(*event))
         QWidget::keyPressEvent(event);
 }
 
 void GameView::keyReleaseEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F2) {
-        f2Released_ = event->timestamp();
-        return;
-    }
     if (!keys_.release(*event))
         QWidget::keyReleaseEvent(event);
-    if (keys_.hasPendingRelease())
-        releaseTimer_.start();
 }
 
 void GameView::resizeEvent(QResizeEvent* event) {

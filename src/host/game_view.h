@@ -51,10 +51,8 @@ class GameView : public QWidget {
     QElapsedTimer clock_;
     FrameClock frameClock_;
     QTimer timer_;
-    QTimer releaseTimer_; // passes on a key release that no automatic repeat took back
     std::vector<DamageCanvas::Mark> lastFrame_; // what the frame now on screen draws
-    unsigned long long f2Released_ = 0; // when F2 was last let go, to tell its repeats apart
-    bool wholeView_ = true;             // the next redraw must cover the whole view
+    bool wholeView_ = true;                     // the next redraw must cover the whole view
 };
 
 } // namespace apsis

@@ -43,6 +43,8 @@ std::optional<unsigned short> gameKeyCode(const QKeyEvent& event) {
         return kKeyLeft;
     case Qt::Key_Right:
         return kKeyRight;
+    case Qt::Key_F2:
+        return kKeyF2;
     default:
         break;
     }
@@ -63,10 +65,22 @@ std::optional<unsigned short> gameKeyCode(const QKeyEvent& event) {
     return (event.modifiers() & Qt::ShiftModifier ? code.toUpper() : code.toLower()).unicode();
 }
 
+KeyRelay::KeyRelay(Sink keyDown, Sink keyUp)
+    : keyDown_(std::move(keyDown)), keyUp_(std::move(keyUp)) {
+    // An automatic repeat's press follows its release at once; a player's own press of the same
+    // key comes tens of milliseconds later at the earliest.
+    releaseTimer_.setTimerType(Qt::PreciseTimer);
+    releaseTimer_.setSingleShot(true);
+    releaseTimer_.setInterval(20);
+    QObject::connect(&releaseTimer_, &QTimer::timeout, [this] { flush(); });
+}
+
 bool KeyRelay::press(const QKeyEvent& event) {
     const int key = physicalKey(event);
-    if (pending_ && pending_->key == key &&
-        (event.isAutoRepeat() || pending_->timestamp == event.timestamp())) {
+    // Events made without a time (synthetic ones) carry 0, which tells nothing.
+    const bool sameTime =
+        event.timestamp() != 0 && pending_ && pending_->timestamp == event.timestamp();
+    if (pending_ && pending_->key == key && (event.isAutoRepeat() || sameTime)) {
         // The release kept back and this press are one automatic repeat: the key is still held.
         pending_.reset();
         return true;
@@ -95,6 +109,7 @@ bool KeyRelay::release(const QKeyEvent& event) {
         return false;
     flush();
     pending_ = Release{key, event.timestamp()};
+    releaseTimer_.start();
     return true;
 }
 

@@ -148,21 +148,23 @@ TEST(NavAids, ClosestApproachIsWhatTheFlightThenReaches) {
     }
 }
 
-// F2 acts in flight only, paused or running, and nowhere else.
-TEST(NavAids, TurnOnAndOffInFlightOnly) {
+// F2 acts in flight only, paused or running; elsewhere it is not even the key a screen waits for.
+TEST(NavAids, F2TurnsThemOnAndOffInFlightOnly) {
     ScopedFakeResources files;
     Controller c;
     for (const MODE mode : {MODE_MENU, MODE_LEVEL, MODE_LEVEL_COMPLETE, MODE_RESTART_FADE}) {
         c.setMode(mode);
-        c.toggleNavAids();
+        play::press(c, kKeyF2);
         EXPECT_FALSE(c.isShowingNavAids) << mode;
+        EXPECT_EQ(c.mode, mode);
     }
     play::toStillFlight(c, 1, 1);
-    c.toggleNavAids();
+    play::press(c, kKeyF2);
     EXPECT_TRUE(c.isShowingNavAids);
     play::press(c, kKeySpace);
-    c.toggleNavAids();
+    play::press(c, kKeyF2);
     EXPECT_FALSE(c.isShowingNavAids);
+    EXPECT_TRUE(c.game.running);
 }
 
 } // namespace

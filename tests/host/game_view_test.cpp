@@ -35,9 +35,9 @@ class GameViewTest : public ::testing::Test {
     GameView view;
 };
 
-// Tab restarts the level instead of moving the focus. F2 is the window's: it turns the aids on and
-// off, and no game key is pressed on its way.
-TEST_F(GameViewTest, TabRestartsAndF2TogglesTheAidsAlone) {
+// Tab restarts the level instead of moving the focus. F2 reaches the game like any other key and
+// turns the aids on and off.
+TEST_F(GameViewTest, TabRestartsAndF2TogglesTheAids) {
     for (const bool expected : {true, false, true}) {
         QTest::keyClick(&view, Qt::Key_F2);
         EXPECT_EQ(game().isShowingNavAids, expected);
@@ -48,6 +48,18 @@ TEST_F(GameViewTest, TabRestartsAndF2TogglesTheAidsAlone) {
     EXPECT_EQ(game().mode, MODE_RESTART_FADE);
     view.doFrame();
     EXPECT_FALSE(game().needsRedraw); // a tick's request for a whole redraw is the view's to take
+}
+
+// A release is held back for a moment, in case an automatic repeat takes it back, and then
+// reaches the game without any other event.
+TEST_F(GameViewTest, AKeyLetGoIsReleasedByItselfSoon) {
+    press(Qt::Key_Up, "");
+    ASSERT_TRUE(game().game.player.isAccelerating);
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Up, Qt::NoModifier, Qt::Key_Up & 0xffff, 0, 0,
+                      "");
+    QApplication::sendEvent(&view, &release);
+    EXPECT_TRUE(game().game.player.isAccelerating);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !game().game.player.isAccelerating; }, 200));
 }
 
 TEST_F(GameViewTest, LosingTheFocusReleasesEveryHeldKey) {
