@@ -1,9 +1,9 @@
 #include "platform/qt_canvas.h"
 
-#include "platform/qt_clip.h"
 #include "platform/qt_convert.h"
 #include "platform/qt_resources.h"
 #include "platform/qt_scaled_pictures.h"
+#include "presentation/clip.h"
 
 #include <algorithm>
 #include <cmath>
@@ -35,6 +35,13 @@ QPen outlinePen(const QColor& color) {
     pen.setMiterLimit(5.0); // in line widths from the corner: ten times the half width
     return pen;
 }
+
+// Takes the pieces of a stroke that lie in the window.
+struct PainterPathSink {
+    QPainterPath* path;
+    void moveTo(ClipPoint p) const { path->moveTo(p.x, p.y); }
+    void lineTo(ClipPoint p) const { path->lineTo(p.x, p.y); }
+};
 
 // One outline of a path: its corners in painter units, and whether its end joins its start.
 struct Outline {
@@ -143,6 +150,7 @@ void QtCanvas::drawPath(const Path& path, const Color& c, bool fill) {
         return;
 
     const bool cut = !window_.contains(bounds);
+    const ClipWindow clipWindow{window_.left(), window_.top(), window_.right(), window_.bottom()};
     QPainterPath qtPath;
     qtPath.setFillRule(Qt::WindingFill);
     for (const Outline& outline : outlines) {
@@ -151,27 +159,25 @@ void QtCanvas::drawPath(const Path& path, const Color& c, bool fill) {
             if (outline.closed)
                 qtPath.closeSubpath();
         } else if (fill) {
-            const QPolygonF inside = clipPolygon(outline.points, window_);
-            if (inside.size() >= 3)
-                qtPath.addPolygon(inside);
+            std::vector<ClipPoint> points;
+            points.reserve(static_cast<std::size_t>(outline.points.size()));
+            for (const QPointF& p : outline.points)
+                points.push_back({p.x(), p.y()});
+            const std::vector<ClipPoint> inside = clipPolygon(points, clipWindow);
+            if (inside.size() >= 3) {
+                QPolygonF kept;
+                kept.reserve(static_cast<qsizetype>(inside.size()));
+                for (const ClipPoint& p : inside)
+                    kept.append(QPointF(p.x, p.y));
+                qtPath.addPolygon(kept);
+            }
         } else {
             // A stroke keeps its pieces inside the window, joined where no cut parts them.
-            QPolygonF points = outline.points;
-            if (outline.closed && !points.isEmpty())
-                points.append(points.front());
-            bool joined = false;
-            for (qsizetype i = 1; i < points.size(); ++i) {
-                QPointF a = points[i - 1];
-                QPointF b = points[i];
-                if (!clipSegment(a, b, window_)) {
-                    joined = false;
-                    continue;
-                }
-                if (!joined || a != points[i - 1])
-                    qtPath.moveTo(a);
-                qtPath.lineTo(b);
-                joined = b == points[i];
-            }
+            ClippedPolyline line(clipWindow, PainterPathSink{&qtPath});
+            for (const QPointF& p : outline.points)
+                line.add({p.x(), p.y()});
+            if (outline.closed && !outline.points.isEmpty())
+                line.add({outline.points.front().x(), outline.points.front().y()});
         }
     }
     for (const QRectF& oval : ovals)

@@ -2,6 +2,7 @@
 
 #include "physics/numeric.h"
 #include "presentation/canvas.h"
+#include "presentation/clip.h"
 #include "presentation/draw_view.h"
 #include "presentation/drawing.h"
 #include "presentation/format.h"
@@ -28,64 +29,20 @@ const TextStyle kMarkStyle{FontFamily::Label, 11.0f, Color{0.8, 0.9, 1.0, 1.0}};
 constexpr double kMargin = 4.0;       // points beyond the view edges still worth stroking
 constexpr double kMotionReach = 28.0; // points from the craft to its direction marks
 
-// Builds clipped polylines from view points: only the parts within the view (and a small margin)
-// reach the canvas, so a path zoomed to millions of points across costs no more than one on
-// screen.
-class ClippedPath {
-  public:
-    ClippedPath(double width, double height)
-        : x0_(-kMargin), y0_(-kMargin), x1_(width + kMargin), y1_(height + kMargin) {}
-
-    void add(ViewPoint p) {
-        if (hasLast_)
-            segment(last_, p);
-        last_ = p;
-        hasLast_ = true;
-    }
-    void breakLine() { hasLast_ = false; }
-    const Path& path() const { return path_; }
-
-  private:
-    // Liang-Barsky: the part of the segment from a to b inside the rectangle, if any.
-    void segment(ViewPoint a, ViewPoint b) {
-        const double dx = b.x - a.x;
-        const double dy = b.y - a.y;
-        double t0 = 0.0;
-        double t1 = 1.0;
-        const double p[4] = {-dx, dx, -dy, dy};
-        const double q[4] = {a.x - x0_, x1_ - a.x, a.y - y0_, y1_ - a.y};
-        for (int i = 0; i < 4; ++i) {
-            if (p[i] == 0.0) {
-                if (q[i] < 0.0) {
-                    isOpen_ = false;
-                    return;
-                }
-                continue;
-            }
-            const double t = q[i] / p[i];
-            if (p[i] < 0.0)
-                t0 = std::max(t0, t);
-            else
-                t1 = std::min(t1, t);
-        }
-        if (!(t0 <= t1)) {
-            isOpen_ = false;
-            return;
-        }
-        const ViewPoint from{a.x + t0 * dx, a.y + t0 * dy};
-        const ViewPoint to{a.x + t1 * dx, a.y + t1 * dy};
-        if (!isOpen_ || t0 > 0.0)
-            path_.moveTo(toPoint(from.x, from.y));
-        path_.lineTo(toPoint(to.x, to.y));
-        isOpen_ = t1 >= 1.0;
-    }
-
-    double x0_, y0_, x1_, y1_;
-    ViewPoint last_;
-    bool hasLast_ = false;
-    bool isOpen_ = false;
-    Path path_;
+// Collects the pieces of a line that lie in the view into one path.
+struct PathSink {
+    Path* path;
+    void moveTo(ClipPoint p) const { path->moveTo(toPoint(p.x, p.y)); }
+    void lineTo(ClipPoint p) const { path->lineTo(toPoint(p.x, p.y)); }
 };
+
+// Only the parts of a line within the view (and a small margin) reach the canvas, so a path
+// zoomed to millions of points across costs no more than one on screen.
+ClippedPolyline<PathSink> clippedIn(const DrawView& view, Path& path) {
+    const ClipWindow window{-kMargin, -kMargin, view.viewWidth + kMargin,
+                            view.viewHeight + kMargin};
+    return ClippedPolyline<PathSink>(window, PathSink{&path});
+}
 
 ViewPoint place(const DrawView& view, Offset at) {
     return view.worldToView(view.viewTarget.pos.x + at.x, view.viewTarget.pos.y + at.y);
@@ -96,7 +53,8 @@ bool isInView(const DrawView& view, ViewPoint p) {
 }
 
 void drawPath(Canvas& canvas, const DrawView& view, const NavAids& aids) {
-    ClippedPath line(view.viewWidth, view.viewHeight);
+    Path path;
+    auto line = clippedIn(view, path);
     ViewPoint last{};
     for (std::size_t i = 0; i < aids.path.size(); ++i) {
         const ViewPoint p = place(view, aids.path[i]);
@@ -104,11 +62,11 @@ void drawPath(Canvas& canvas, const DrawView& view, const NavAids& aids) {
         if (i > 0 && i + 1 < aids.path.size() && std::abs(p.x - last.x) < 1.0 &&
             std::abs(p.y - last.y) < 1.0)
             continue;
-        line.add(p);
+        line.add({p.x, p.y});
         last = p;
     }
-    if (!line.path().elements.empty())
-        canvas.strokePath(line.path(), kPathColor);
+    if (!path.elements.empty())
+        canvas.strokePath(path, kPathColor);
 }
 
 // A circle as a clipped polygon: of a huge circle only the arc the view can see is traced, finely
@@ -145,13 +103,14 @@ void drawCircle(Canvas& canvas, const DrawView& view, ViewPoint c, double r, con
     // Chords short enough to stay within a quarter point of the arc.
     const double step = std::max(2 * std::sqrt(0.5 / r), 1e-6);
     const int count = std::clamp(static_cast<int>(span / step) + 1, 24, 2000);
-    ClippedPath line(w, h);
+    Path path;
+    auto line = clippedIn(view, path);
     for (int i = 0; i <= count; ++i) {
         const double a = from + span * i / count;
         line.add({c.x + r * std::cos(a), c.y + r * std::sin(a)});
     }
-    if (!line.path().elements.empty())
-        canvas.strokePath(line.path(), color);
+    if (!path.elements.empty())
+        canvas.strokePath(path, color);
 }
 
 // A mark's name beside it, left out where the display writes (the columns at the top, the scale
