@@ -7,21 +7,10 @@
 namespace apsis {
 namespace {
 
-// The bodies in the order a Sample keeps them.
-constexpr Stellar Game::*kBodyMembers[NavPrediction::kBodies] = {
-    &Game::sun,     &Game::venus,     &Game::earth,   &Game::moon,     &Game::mars,
-    &Game::jupiter, &Game::satellite, &Game::station, &Game::asteroid,
-};
-
-// The bodies that end a flight on contact, as the attempt's own rules test them.
-constexpr int kHardBodies[] = {2, 3, 1, 4, 5, 0, 8};
-
-int indexOf(const Game& game, const Stellar& body) {
-    for (int i = 0; i < NavPrediction::kBodies; ++i) {
-        if ((game.*kBodyMembers[i]).name == body.name)
-            return i;
-    }
-    return 0;
+// The followed body's place among the world's bodies; the Sun for a body the world does not hold.
+int referenceOf(const Game& game, const Stellar& followed) {
+    const int index = bodyIndex(game, followed);
+    return index >= 0 ? index : 0;
 }
 
 NavPrediction::Sample sampleOf(const Game& game) {
@@ -30,9 +19,9 @@ NavPrediction::Sample sampleOf(const Game& game) {
     s.fuel = game.player.fuel;
     s.targetAngle = game.player.targetAngle;
     s.elapsed = game.elapsedTime;
-    for (int i = 0; i < NavPrediction::kBodies; ++i) {
-        s.bodyX[i] = (game.*kBodyMembers[i]).pos.x;
-        s.bodyY[i] = (game.*kBodyMembers[i]).pos.y;
+    for (int i = 0; i < kBodyCount; ++i) {
+        s.bodyX[i] = (game.*kBodies[i]).pos.x;
+        s.bodyY[i] = (game.*kBodies[i]).pos.y;
     }
     return s;
 }
@@ -44,9 +33,8 @@ bool isSame(const NavPrediction::Sample& s, const Game& game) {
         s.craft.angle != p.angle || s.craft.av != p.av || s.fuel != game.player.fuel ||
         s.targetAngle != game.player.targetAngle || s.elapsed != game.elapsedTime)
         return false;
-    for (int i = 0; i < NavPrediction::kBodies; ++i) {
-        if (s.bodyX[i] != (game.*kBodyMembers[i]).pos.x ||
-            s.bodyY[i] != (game.*kBodyMembers[i]).pos.y)
+    for (int i = 0; i < kBodyCount; ++i) {
+        if (s.bodyX[i] != (game.*kBodies[i]).pos.x || s.bodyY[i] != (game.*kBodies[i]).pos.y)
             return false;
     }
     return true;
@@ -117,6 +105,91 @@ void findOrbit(NavAids& aids, const Game& game, const Stellar& body) {
     }
 }
 
+// The craft's way relative to the followed body.
+void findMotion(NavAids& aids, const Game& game, const Stellar& followed) {
+    const Position& craft = game.player.pos;
+    aids.craft = {craft.x - followed.pos.x, craft.y - followed.pos.y};
+    const double vx = craft.vx - followed.pos.vx;
+    const double vy = craft.vy - followed.pos.vy;
+    const double speed = std::hypot(vx, vy);
+    // Below a tenth of a millimetre a second there is no way worth pointing at: a craft docked
+    // at a station shares its motion but for rounding.
+    aids.hasMotion = speed > 1e-4;
+    if (aids.hasMotion)
+        aids.motion = {vx / speed, vy / speed};
+}
+
+// The orbit around the followed body; for a followed body without mass, around the body that
+// pulls the craft hardest, its marks still placed from the followed one.
+void findOrbitAround(NavAids& aids, const Game& game, const Stellar& followed) {
+    const Stellar* centre = &followed;
+    if (!(followed.mass > 0)) {
+        double strongest = 0;
+        for (const BodyMember member : kMassiveBodies) {
+            const Stellar& body = game.*member;
+            const double pull = body.mass / sqDist(game.player.pos, body.pos);
+            if (pull > strongest) {
+                strongest = pull;
+                centre = &body;
+            }
+        }
+    }
+    findOrbit(aids, game, *centre);
+    if (centre != &followed) {
+        aids.orbitBody = centre->name;
+        for (NavMark* mark : {&aids.high, &aids.low}) {
+            mark->at.x += centre->pos.x - followed.pos.x;
+            mark->at.y += centre->pos.y - followed.pos.y;
+        }
+    }
+}
+
+// The orbit the level asks the craft to hold.
+void findZone(NavAids& aids, const Game& game, const Level& row, const Stellar& followed) {
+    if (row.zoneBody == nullptr)
+        return;
+    const Stellar& body = game.*row.zoneBody;
+    aids.hasZone = true;
+    aids.zoneCentre = {body.pos.x - followed.pos.x, body.pos.y - followed.pos.y};
+    aids.zoneInner = row.zoneInner > 0 ? row.zoneInner : 0;
+    aids.zoneOuter = row.zoneOuter;
+    aids.zoneBody = body.name;
+    aids.zoneSurface = body.cRadius + game.player.cRadius;
+}
+
+// The body to reach next: the one to dock with, in level 8 the asteroid until it has been passed;
+// none where the level has none or it takes no part.
+const Stellar* targetOf(const Game& game, const Level& row, bool isPartialObjectiveDone) {
+    BodyMember target = row.satelliteTouch == Touch::Dock ? &Game::satellite
+                        : row.stationTouch == Touch::Dock ? &Game::station
+                                                          : nullptr;
+    if (row.passAsteroidFirst && !isPartialObjectiveDone)
+        target = &Game::asteroid;
+    return target != nullptr && (game.*target).isActive ? &(game.*target) : nullptr;
+}
+
+// The target now, and where along the path the craft comes closest to it.
+void findApproach(NavAids& aids, const Game& game, const Stellar& target, const Stellar& followed,
+                  const std::deque<NavPrediction::Sample>& samples, int reference) {
+    aids.hasTarget = true;
+    aids.target = {target.pos.x - followed.pos.x, target.pos.y - followed.pos.y};
+    const int t = bodyIndex(game, target);
+    double closest = -1;
+    for (const NavPrediction::Sample& s : samples) {
+        const double dx = s.craft.x - s.bodyX[t];
+        const double dy = s.craft.y - s.bodyY[t];
+        const double d = std::sqrt(dx * dx + dy * dy);
+        if (closest < 0 || d < closest) {
+            closest = d;
+            aids.approach.at = offsetOf(s, reference);
+            aids.approach.time = s.elapsed - game.elapsedTime;
+        }
+    }
+    aids.approach.isShown = closest >= 0;
+    aids.approach.value = closest;
+    aids.approach.name = target.name;
+}
+
 } // namespace
 
 void NavPrediction::clear() {
@@ -137,7 +210,7 @@ void NavPrediction::update(const Game& game, int level, const Stellar& followed)
     }
     if (!holds)
         rebuild(game, level);
-    const int reference = indexOf(game, followed);
+    const int reference = referenceOf(game, followed);
     if (reference != reference_)
         turnAround(reference);
     for (int i = 0; i < kStepsPerTick && !isHorizonReached(); ++i)
@@ -148,14 +221,7 @@ void NavPrediction::rebuild(const Game& game, int level) {
     level_ = level;
     timeStep_ = game.timeStep;
     impactBody_ = -1;
-    world_.running = game.running;
-    world_.timeStep = game.timeStep;
-    world_.elapsedTime = game.elapsedTime;
-    world_.timeLimit = game.timeLimit;
-    world_.difficulty = game.difficulty;
-    for (const auto body : kBodyMembers)
-        world_.*body = game.*body;
-    world_.player = game.player;
+    world_ = game;
     // Every key let go.
     world_.player.isTurningLeft = false;
     world_.player.isTurningRight = false;
@@ -172,10 +238,10 @@ void NavPrediction::extend() {
         last.turn +
         std::remainder(angleAround(next, reference_) - angleAround(last, reference_), kTwoPi);
     samples_.push_back(next);
-    for (const int i : kHardBodies) {
-        const Stellar& body = world_.*kBodyMembers[i];
+    for (const BodyMember member : kHardBodies) {
+        const Stellar& body = world_.*member;
         if (std::sqrt(sqDist(world_.player.pos, body.pos)) < body.cRadius) {
-            impactBody_ = i;
+            impactBody_ = bodyIndex(world_, body);
             break;
         }
     }
@@ -198,93 +264,31 @@ bool NavPrediction::isHorizonReached() const {
            std::abs(samples_.back().turn - samples_.front().turn) >= kTwoPi;
 }
 
+const std::deque<NavPrediction::Sample>& NavPrediction::samplesFor(const Game& game,
+                                                                   int level) const {
+    static const std::deque<Sample> none;
+    return level == level_ && !samples_.empty() && isSame(samples_.front(), game) ? samples_ : none;
+}
+
 NavAids NavPrediction::aids(const Game& game, int level, bool isPartialObjectiveDone,
                             const Stellar& followed) const {
     NavAids aids;
-    const int reference = indexOf(game, followed);
-    // A path found for another world (a redraw before the first tick of a new attempt) shows
-    // nothing.
-    static const std::deque<Sample> none;
-    const std::deque<Sample>& samples =
-        level == level_ && !samples_.empty() && isSame(samples_.front(), game) ? samples_ : none;
+    const int reference = referenceOf(game, followed);
+    const std::deque<Sample>& samples = samplesFor(game, level);
     aids.path.reserve(samples.size());
     for (const Sample& s : samples)
         aids.path.push_back(offsetOf(s, reference));
-    const Position& craft = game.player.pos;
-    aids.craft = {craft.x - followed.pos.x, craft.y - followed.pos.y};
-    const double vx = craft.vx - followed.pos.vx;
-    const double vy = craft.vy - followed.pos.vy;
-    const double speed = std::hypot(vx, vy);
-    // Below a tenth of a millimetre a second there is no way worth pointing at: a craft docked
-    // at a station shares its motion but for rounding.
-    aids.hasMotion = speed > 1e-4;
-    if (aids.hasMotion)
-        aids.motion = {vx / speed, vy / speed};
-    // A followed body without mass has no orbit: the orbit shown is then around the body that
-    // pulls the craft hardest.
-    const Stellar* centre = &followed;
-    if (!(followed.mass > 0)) {
-        double strongest = 0;
-        for (int i = 0; i < 6; ++i) {
-            const Stellar& body = game.*kBodyMembers[i];
-            const double pull = body.mass / sqDist(craft, body.pos);
-            if (pull > strongest) {
-                strongest = pull;
-                centre = &body;
-            }
-        }
-    }
-    findOrbit(aids, game, *centre);
-    if (centre != &followed) {
-        aids.orbitBody = centre->name;
-        for (NavMark* mark : {&aids.high, &aids.low}) {
-            mark->at.x += centre->pos.x - followed.pos.x;
-            mark->at.y += centre->pos.y - followed.pos.y;
-        }
-    }
-
-    // The level's goal: the orbit to hold, or the body to reach next (in level 8 the asteroid
-    // until it has been passed).
+    findMotion(aids, game, followed);
+    findOrbitAround(aids, game, followed);
     const Level& row = levelAt(level);
-    if (row.zoneBody != nullptr) {
-        const Stellar& body = game.*row.zoneBody;
-        aids.hasZone = true;
-        aids.zoneCentre = {body.pos.x - followed.pos.x, body.pos.y - followed.pos.y};
-        aids.zoneInner = row.zoneInner > 0 ? row.zoneInner : 0;
-        aids.zoneOuter = row.zoneOuter;
-        aids.zoneBody = body.name;
-        aids.zoneSurface = body.cRadius + game.player.cRadius;
-    }
-    Stellar Game::*target = row.satelliteTouch == Touch::Dock ? &Game::satellite
-                            : row.stationTouch == Touch::Dock ? &Game::station
-                                                              : nullptr;
-    if (row.passAsteroidFirst && !isPartialObjectiveDone)
-        target = &Game::asteroid;
-    if (target != nullptr && (game.*target).isActive) {
-        const Stellar& body = game.*target;
-        aids.hasTarget = true;
-        aids.target = {body.pos.x - followed.pos.x, body.pos.y - followed.pos.y};
-        const int t = indexOf(game, body);
-        double closest = -1;
-        for (const Sample& s : samples) {
-            const double dx = s.craft.x - s.bodyX[t];
-            const double dy = s.craft.y - s.bodyY[t];
-            const double d = std::sqrt(dx * dx + dy * dy);
-            if (closest < 0 || d < closest) {
-                closest = d;
-                aids.approach.at = offsetOf(s, reference);
-                aids.approach.time = s.elapsed - game.elapsedTime;
-            }
-        }
-        aids.approach.isShown = closest >= 0;
-        aids.approach.value = closest;
-        aids.approach.name = body.name;
-    }
+    findZone(aids, game, row, followed);
+    if (const Stellar* target = targetOf(game, row, isPartialObjectiveDone))
+        findApproach(aids, game, *target, followed, samples, reference);
     if (impactBody_ >= 0 && !samples.empty()) {
         aids.impact.isShown = true;
         aids.impact.at = offsetOf(samples.back(), reference);
         aids.impact.time = samples.back().elapsed - game.elapsedTime;
-        aids.impact.name = (game.*kBodyMembers[impactBody_]).name;
+        aids.impact.name = (game.*kBodies[impactBody_]).name;
     }
     return aids;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "presentation/nav_aids.h"
+#include "world/bodies.h"
 #include "world/game.h"
 
 #include <cstddef>
@@ -16,16 +17,15 @@ class NavPrediction {
   public:
     static constexpr int kStepsPerTick = 3; // world steps of looking ahead per tick, at most
     static constexpr std::size_t kMostSteps = 3000; // the path never looks further ahead
-    static constexpr int kBodies = 9;               // the Sun to the asteroid, as Game holds them
 
     // The world after one step of the path.
     struct Sample {
         Position craft;
         double fuel = 0;
         double targetAngle = 0;
-        double elapsed = 0; // s, the world's clock
-        double bodyX[kBodies] = {};
-        double bodyY[kBodies] = {};
+        double elapsed = 0;            // s, the world's clock
+        double bodyX[kBodyCount] = {}; // m, the world's bodies in their order
+        double bodyY[kBodyCount] = {};
         double turn = 0; // rad, how far the craft has gone round the followed body since the first
     };
 
@@ -37,10 +37,12 @@ class NavPrediction {
                  const Stellar& followed) const;
 
     const std::deque<Sample>& samples() const { return samples_; }
-    bool endsInImpact() const { return impactBody_ >= 0; }
 
   private:
     void rebuild(const Game& game, int level);
+    // The path found for this world, or none for another (a redraw before the first tick of a new
+    // attempt).
+    const std::deque<Sample>& samplesFor(const Game& game, int level) const;
     void extend();
     void turnAround(int reference);
     bool isHorizonReached() const;

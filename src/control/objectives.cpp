@@ -1,4 +1,5 @@
 #include "control/controller.h"
+#include "world/bodies.h"
 #include "world/levels.h"
 
 #include <cmath>
@@ -53,9 +54,9 @@ void Controller::checkObjectives() {
 
     // 3. Bodies. Only the body's own radius counts, and a resting asteroid is as hard as a moving
     // one.
-    for (const Stellar* body : {&game.earth, &game.moon, &game.venus, &game.mars, &game.jupiter,
-                                &game.sun, &game.asteroid}) {
-        if (distance(*body) < body->cRadius) {
+    for (const BodyMember member : kHardBodies) {
+        const Stellar& body = game.*member;
+        if (distance(body) < body.cRadius) {
             setMode(MODE_COLLISION_FADE);
             break;
         }

@@ -44,7 +44,6 @@ struct NavAids {
     // The level's target and the closest approach to it along the path ahead.
     bool hasTarget = false;
     Offset target;
-    const char* targetName = "";
     NavMark approach;
     NavMark impact; // where and when the path ahead meets a body
 };

@@ -1,6 +1,7 @@
 #include "world/game.h"
 
 #include "physics/numeric.h"
+#include "world/bodies.h"
 #include "world/levels.h"
 
 namespace apsis {
@@ -65,20 +66,12 @@ void Game::doFrame(int level) {
         }
 
         // Ship: pulled by all six massive bodies.
-        player.gravTo(sun, dt);
-        player.gravTo(earth, dt);
-        player.gravTo(moon, dt);
-        player.gravTo(venus, dt);
-        player.gravTo(mars, dt);
-        player.gravTo(jupiter, dt);
+        for (const BodyMember body : kMassiveBodies)
+            player.gravTo(this->*body, dt);
 
         // The massive bodies drift.
-        sun.move(dt);
-        venus.move(dt);
-        earth.move(dt);
-        moon.move(dt);
-        mars.move(dt);
-        jupiter.move(dt);
+        for (const BodyMember body : kMassiveBodies)
+            (this->*body).move(dt);
 
         // The ship turns, burns and drifts last.
         player.move(dt);

@@ -24,11 +24,10 @@ struct Game {
     Stellar asteroid;
     Player player;
 
-    // Every body at the origin, at rest, active; no level set up yet.
+    // Every body at the origin, at rest, active; no level set up yet. A world is a plain value: a
+    // copy steps on its own, exactly as the original would. (The bodies' mainInfluence of a copy
+    // still point into the original; only drawing reads them.)
     Game();
-    // The bodies point at one another; a copied world would point into the original.
-    Game(const Game&) = delete;
-    Game& operator=(const Game&) = delete;
 
     // One world step of timeStep seconds in 500 sub-steps. level is the level being played; where
     // its row says so (level 4) the satellite is held at a fixed fraction of Earth's state instead
