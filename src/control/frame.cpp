@@ -18,33 +18,16 @@ double clampThrottle(double throttle) {
     return throttle;
 }
 
-// The picture the intro loads at each value of its count: the small bodies first, the Sun last.
-// The craft's thrust picture is left to load when it is first drawn.
+// The picture the intro loads at each value of its count, from 10 down to 1: the small bodies
+// first, the craft's after the station's, the Sun's last. The craft's thrust picture is left to
+// load when it is first drawn.
 Image* introPicture(Game& game, int counter) {
-    switch (counter) {
-    case 10:
-        return &game.asteroid.img;
-    case 9:
-        return &game.station.img;
-    case 8:
-        return &game.player.img;
-    case 7:
-        return &game.satellite.img;
-    case 6:
-        return &game.jupiter.img;
-    case 5:
-        return &game.mars.img;
-    case 4:
-        return &game.venus.img;
-    case 3:
-        return &game.moon.img;
-    case 2:
-        return &game.earth.img;
-    case 1:
-        return &game.sun.img;
-    default:
-        return nullptr;
-    }
+    Image* const inLoadingOrder[] = {
+        &game.asteroid.img, &game.station.img, &game.player.img, &game.satellite.img,
+        &game.jupiter.img,  &game.mars.img,    &game.venus.img,  &game.moon.img,
+        &game.earth.img,    &game.sun.img,
+    };
+    return counter >= 1 && counter <= 10 ? inLoadingOrder[10 - counter] : nullptr;
 }
 
 // What follows a timed mode when its count runs out.
