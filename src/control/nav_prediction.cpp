@@ -117,6 +117,11 @@ void findMotion(NavAids& aids, const Game& game, const Stellar& followed) {
     aids.hasMotion = speed > 1e-4;
     if (aids.hasMotion)
         aids.motion = {vx / speed, vy / speed};
+    aids.nose = craft.angle;
+    aids.noseSettles = game.player.targetAngle;
+    // A thousandth of a radian is well under a pixel of the nose line.
+    aids.isTurning = std::abs(game.player.targetAngle - craft.angle) > 1e-3;
+    aids.sun = {game.sun.pos.x - followed.pos.x, game.sun.pos.y - followed.pos.y};
 }
 
 // The orbit around the followed body; for a followed body without mass, around the body that
@@ -158,14 +163,53 @@ void findZone(NavAids& aids, const Game& game, const Level& row, const Stellar& 
 }
 
 // The body to reach next: the one to dock with, in level 8 the asteroid until it has been passed;
-// none where the level has none or it takes no part.
+// in a level without one, the body of the orbit to hold when the level opens on another. None
+// where the level has none or it takes no part.
 const Stellar* targetOf(const Game& game, const Level& row, bool isPartialObjectiveDone) {
     BodyMember target = row.satelliteTouch == Touch::Dock ? &Game::satellite
                         : row.stationTouch == Touch::Dock ? &Game::station
                                                           : nullptr;
     if (row.passAsteroidFirst && !isPartialObjectiveDone)
         target = &Game::asteroid;
+    if (target == nullptr && row.zoneBody != row.opensOn)
+        target = row.zoneBody;
     return target != nullptr && (game.*target).isActive ? &(game.*target) : nullptr;
+}
+
+// The angle a level's briefing asks the pilot to wait for: the satellite ahead of the craft round
+// Earth (level 5), the Moon ahead of the craft round Earth (level 6), Mars ahead of Earth round
+// the Sun (level 7).
+void findPhase(NavAids& aids, const Game& game, int level, const Stellar& followed) {
+    struct Phase {
+        int level;
+        BodyMember centre, behind, ahead; // behind: nullptr for the craft
+    };
+    static constexpr Phase kPhases[] = {
+        {5, &Game::earth, nullptr, &Game::satellite},
+        {6, &Game::earth, nullptr, &Game::moon},
+        {7, &Game::sun, &Game::earth, &Game::mars},
+    };
+    for (const Phase& p : kPhases) {
+        if (p.level != level)
+            continue;
+        const Stellar& centre = game.*p.centre;
+        const Stellar& behind = p.behind != nullptr ? game.*p.behind : game.player;
+        const Stellar& ahead = game.*p.ahead;
+        const auto from = [&](const Stellar& body) {
+            return Offset{body.pos.x - followed.pos.x, body.pos.y - followed.pos.y};
+        };
+        const double a = std::atan2(ahead.pos.y - centre.pos.y, ahead.pos.x - centre.pos.x);
+        const double b = std::atan2(behind.pos.y - centre.pos.y, behind.pos.x - centre.pos.x);
+        NavPhase& phase = aids.phase;
+        phase.isShown = true;
+        phase.centre = from(centre);
+        phase.behind = from(behind);
+        phase.ahead = from(ahead);
+        phase.angle = std::fmod(a - b + 2 * kTwoPi, kTwoPi);
+        phase.aheadName = ahead.name;
+        phase.behindName = behind.name;
+        phase.centreName = centre.name;
+    }
 }
 
 // The target now, and where along the path the craft comes closest to it.
@@ -173,6 +217,9 @@ void findApproach(NavAids& aids, const Game& game, const Stellar& target, const 
                   const std::deque<NavPrediction::Sample>& samples, int reference) {
     aids.hasTarget = true;
     aids.target = {target.pos.x - followed.pos.x, target.pos.y - followed.pos.y};
+    aids.targetName = target.name;
+    aids.targetGap =
+        std::sqrt(sqDist(game.player.pos, target.pos)) - target.cRadius - game.player.cRadius;
     const int t = bodyIndex(game, target);
     double closest = -1;
     for (const NavPrediction::Sample& s : samples) {
@@ -284,6 +331,7 @@ NavAids NavPrediction::aids(const Game& game, int level, bool isPartialObjective
     findZone(aids, game, row, followed);
     if (const Stellar* target = targetOf(game, row, isPartialObjectiveDone))
         findApproach(aids, game, *target, followed, samples, reference);
+    findPhase(aids, game, level, followed);
     if (impactBody_ >= 0 && !samples.empty()) {
         aids.impact.isShown = true;
         aids.impact.at = offsetOf(samples.back(), reference);
