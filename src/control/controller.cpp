@@ -53,6 +53,8 @@ void Controller::startLevel(int n) {
         return;
     }
     level = n;
+    // The path ahead belongs to the attempt: its worker stops with it.
+    navPrediction.clear();
     game.setLevel(n);
     desiredThrottle = game.player.throttle;
     setMode(MODE_LEVEL);

@@ -1,8 +1,10 @@
 #include "control/nav_prediction.h"
 
+#include "control/nav_findings.h"
 #include "world/levels.h"
 
-#include <cmath>
+#include <limits>
+#include <utility>
 
 namespace apsis {
 namespace {
@@ -13,21 +15,8 @@ int referenceOf(const Game& game, const Stellar& followed) {
     return index >= 0 ? index : 0;
 }
 
-NavPrediction::Sample sampleOf(const Game& game) {
-    NavPrediction::Sample s;
-    s.craft = game.player.pos;
-    s.fuel = game.player.fuel;
-    s.targetAngle = game.player.targetAngle;
-    s.elapsed = game.elapsedTime;
-    for (int i = 0; i < kBodyCount; ++i) {
-        s.bodyX[i] = (game.*kBodies[i]).pos.x;
-        s.bodyY[i] = (game.*kBodies[i]).pos.y;
-    }
-    return s;
-}
-
 // The world then and now are the same to the last bit, as far as the path can tell.
-bool isSame(const NavPrediction::Sample& s, const Game& game) {
+bool isSame(const PathSample& s, const Game& game) {
     const Position& p = game.player.pos;
     if (s.craft.x != p.x || s.craft.y != p.y || s.craft.vx != p.vx || s.craft.vy != p.vy ||
         s.craft.angle != p.angle || s.craft.av != p.av || s.fuel != game.player.fuel ||
@@ -40,303 +29,153 @@ bool isSame(const NavPrediction::Sample& s, const Game& game) {
     return true;
 }
 
-double angleAround(const NavPrediction::Sample& s, int reference) {
-    return std::atan2(s.craft.y - s.bodyY[reference], s.craft.x - s.bodyX[reference]);
-}
-
-Offset offsetOf(const NavPrediction::Sample& s, int reference) {
+Offset offsetOf(const PathSample& s, int reference) {
     return {s.craft.x - s.bodyX[reference], s.craft.y - s.bodyY[reference]};
 }
 
-// High and low points of the orbit around the followed body, from its mass and the craft's place
-// and velocity relative to it: the two-body orbit through the craft's present state.
-void findOrbit(NavAids& aids, const Game& game, const Stellar& body) {
-    const double mu = G * body.mass;
-    const double rx = game.player.pos.x - body.pos.x;
-    const double ry = game.player.pos.y - body.pos.y;
-    const double vx = game.player.pos.vx - body.pos.vx;
-    const double vy = game.player.pos.vy - body.pos.vy;
-    const double r = std::hypot(rx, ry);
-    if (!(mu > 0) || !(r > 0))
-        return;
-    aids.hasOrbit = true;
-    const double v2 = vx * vx + vy * vy;
-    const double rv = rx * vx + ry * vy;
-    const double h = rx * vy - ry * vx; // positive counter-clockwise
-    // The eccentricity vector points from the body to the low point.
-    const double ex = ((v2 - mu / r) * rx - rv * vx) / mu;
-    const double ey = ((v2 - mu / r) * ry - rv * vy) / mu;
-    const double e = std::hypot(ex, ey);
-    const double p = h * h / mu; // semi-latus rectum, m
-    const double surface = body.cRadius + game.player.cRadius;
-    const double low = p / (1 + e);
-    aids.isEscaping = e >= 1;
-    aids.isCircular = e < 1e-6;
-    const double ux = aids.isCircular ? rx / r : ex / e;
-    const double uy = aids.isCircular ? ry / r : ey / e;
-    aids.low.isShown = true;
-    aids.low.at = {ux * low, uy * low};
-    aids.low.value = low - surface;
-    aids.low.time = -1;
-    aids.high.time = -1;
-    if (!aids.isEscaping) {
-        const double high = p / (1 - e);
-        aids.high.isShown = true;
-        aids.high.at = {-ux * high, -uy * high};
-        aids.high.value = high - surface;
-    }
-    if (aids.isCircular)
-        return;
-    // Where on the orbit the craft is, measured from the low point the way it flies.
-    const double nu = std::atan2(ux * ry - uy * rx, ux * rx + uy * ry) * (h < 0 ? -1 : 1);
-    const double a = p / (1 - e * e);
-    if (!aids.isEscaping) {
-        const double n = std::sqrt(mu / (a * a * a));
-        const double ecc = 2 * std::atan(std::sqrt((1 - e) / (1 + e)) * std::tan(nu / 2));
-        const double mean = ecc - e * std::sin(ecc); // -pi to pi, 0 at the low point
-        aids.low.time = (mean <= 0 ? -mean : kTwoPi - mean) / n;
-        aids.high.time = (kPi - mean) / n;
-    } else if (nu < 0 && e > 1) {
-        // Still falling towards the low point of an escape path.
-        const double reach = -a;
-        const double n = std::sqrt(mu / (reach * reach * reach));
-        const double f = 2 * std::atanh(std::sqrt((e - 1) / (e + 1)) * std::tan(nu / 2));
-        aids.low.time = -(e * std::sinh(f) - f) / n;
-    }
-}
-
-// The craft's way relative to the followed body.
-void findMotion(NavAids& aids, const Game& game, const Stellar& followed) {
-    const Position& craft = game.player.pos;
-    aids.craft = {craft.x - followed.pos.x, craft.y - followed.pos.y};
-    const double vx = craft.vx - followed.pos.vx;
-    const double vy = craft.vy - followed.pos.vy;
-    const double speed = std::hypot(vx, vy);
-    // Below a tenth of a millimetre a second there is no way worth pointing at: a craft docked
-    // at a station shares its motion but for rounding.
-    aids.hasMotion = speed > 1e-4;
-    if (aids.hasMotion)
-        aids.motion = {vx / speed, vy / speed};
-    aids.nose = craft.angle;
-    aids.noseSettles = game.player.targetAngle;
-    // A thousandth of a radian is well under a pixel of the nose line.
-    aids.isTurning = std::abs(game.player.targetAngle - craft.angle) > 1e-3;
-    aids.sun = {game.sun.pos.x - followed.pos.x, game.sun.pos.y - followed.pos.y};
-}
-
-// The orbit around the followed body; for a followed body without mass, around the body that
-// pulls the craft hardest, its marks still placed from the followed one.
-void findOrbitAround(NavAids& aids, const Game& game, const Stellar& followed) {
-    const Stellar* centre = &followed;
-    if (!(followed.mass > 0)) {
-        double strongest = 0;
-        for (const BodyMember member : kMassiveBodies) {
-            const Stellar& body = game.*member;
-            const double pull = body.mass / sqDist(game.player.pos, body.pos);
-            if (pull > strongest) {
-                strongest = pull;
-                centre = &body;
-            }
-        }
-    }
-    findOrbit(aids, game, *centre);
-    if (centre != &followed) {
-        aids.orbitBody = centre->name;
-        for (NavMark* mark : {&aids.high, &aids.low}) {
-            mark->at.x += centre->pos.x - followed.pos.x;
-            mark->at.y += centre->pos.y - followed.pos.y;
-        }
-    }
-}
-
-// The orbit the level asks the craft to hold.
-void findZone(NavAids& aids, const Game& game, const Level& row, const Stellar& followed) {
-    if (row.zoneBody == nullptr)
-        return;
-    const Stellar& body = game.*row.zoneBody;
-    aids.hasZone = true;
-    aids.zoneCentre = {body.pos.x - followed.pos.x, body.pos.y - followed.pos.y};
-    aids.zoneInner = row.zoneInner > 0 ? row.zoneInner : 0;
-    aids.zoneOuter = row.zoneOuter;
-    aids.zoneBody = body.name;
-    aids.zoneSurface = body.cRadius + game.player.cRadius;
-}
-
-// The body to reach next: the one to dock with, in level 8 the asteroid until it has been passed;
-// in a level without one, the body of the orbit to hold when the level opens on another. None
-// where the level has none or it takes no part.
-const Stellar* targetOf(const Game& game, const Level& row, bool isPartialObjectiveDone) {
-    BodyMember target = row.satelliteTouch == Touch::Dock ? &Game::satellite
-                        : row.stationTouch == Touch::Dock ? &Game::station
-                                                          : nullptr;
-    if (row.passAsteroidFirst && !isPartialObjectiveDone)
-        target = &Game::asteroid;
-    if (target == nullptr && row.zoneBody != row.opensOn)
-        target = row.zoneBody;
-    return target != nullptr && (game.*target).isActive ? &(game.*target) : nullptr;
-}
-
-// The angle a level's briefing asks the pilot to wait for: the satellite ahead of the craft round
-// Earth (level 5), the Moon ahead of the craft round Earth (level 6), Mars ahead of Earth round
-// the Sun (level 7).
-void findPhase(NavAids& aids, const Game& game, int level, const Stellar& followed) {
-    struct Phase {
-        int level;
-        BodyMember centre, behind, ahead; // behind: nullptr for the craft
-    };
-    static constexpr Phase kPhases[] = {
-        {5, &Game::earth, nullptr, &Game::satellite},
-        {6, &Game::earth, nullptr, &Game::moon},
-        {7, &Game::sun, &Game::earth, &Game::mars},
-    };
-    for (const Phase& p : kPhases) {
-        if (p.level != level)
-            continue;
-        const Stellar& centre = game.*p.centre;
-        const Stellar& behind = p.behind != nullptr ? game.*p.behind : game.player;
-        const Stellar& ahead = game.*p.ahead;
-        const auto from = [&](const Stellar& body) {
-            return Offset{body.pos.x - followed.pos.x, body.pos.y - followed.pos.y};
-        };
-        const double a = std::atan2(ahead.pos.y - centre.pos.y, ahead.pos.x - centre.pos.x);
-        const double b = std::atan2(behind.pos.y - centre.pos.y, behind.pos.x - centre.pos.x);
-        NavPhase& phase = aids.phase;
-        phase.isShown = true;
-        phase.centre = from(centre);
-        phase.behind = from(behind);
-        phase.ahead = from(ahead);
-        phase.angle = std::fmod(a - b + 2 * kTwoPi, kTwoPi);
-        phase.aheadName = ahead.name;
-        phase.behindName = behind.name;
-        phase.centreName = centre.name;
-    }
-}
-
-// The target now, and where along the path the craft comes closest to it.
-void findApproach(NavAids& aids, const Game& game, const Stellar& target, const Stellar& followed,
-                  const std::deque<NavPrediction::Sample>& samples, int reference) {
-    aids.hasTarget = true;
-    aids.target = {target.pos.x - followed.pos.x, target.pos.y - followed.pos.y};
-    aids.targetName = target.name;
-    aids.targetGap =
-        std::sqrt(sqDist(game.player.pos, target.pos)) - target.cRadius - game.player.cRadius;
-    const int t = bodyIndex(game, target);
-    double closest = -1;
-    for (const NavPrediction::Sample& s : samples) {
-        const double dx = s.craft.x - s.bodyX[t];
-        const double dy = s.craft.y - s.bodyY[t];
-        const double d = std::sqrt(dx * dx + dy * dy);
-        if (closest < 0 || d < closest) {
-            closest = d;
-            aids.approach.at = offsetOf(s, reference);
-            aids.approach.time = s.elapsed - game.elapsedTime;
-        }
-    }
-    aids.approach.isShown = closest >= 0;
-    aids.approach.value = closest;
-    aids.approach.name = target.name;
+int goalOf(const Game& game, int level, bool isPartialObjectiveDone) {
+    const Stellar* target = targetOf(game, levelAt(level), isPartialObjectiveDone);
+    return target != nullptr ? bodyIndex(game, *target) : -1;
 }
 
 } // namespace
 
 void NavPrediction::clear() {
-    samples_.clear();
+    worker_.stop();
+    finder_.reset();
+    held_.reset();
+    isCurrent_ = false;
+    start_ = 0;
     level_ = -1;
-    impactBody_ = -1;
+    centre_ = -1;
+    goal_ = -1;
 }
 
-void NavPrediction::update(const Game& game, int level, const Stellar& followed) {
-    // The world has taken at most one step since the last tick: it now stands at the first or the
-    // second sample, or the path no longer holds.
-    bool holds = level == level_ && game.timeStep == timeStep_ && !samples_.empty();
-    if (holds) {
-        if (samples_.size() > 1 && isSame(samples_[1], game))
-            samples_.pop_front();
-        else
-            holds = isSame(samples_.front(), game);
-    }
-    if (!holds)
-        rebuild(game, level);
-    const int reference = referenceOf(game, followed);
-    if (reference != reference_)
-        turnAround(reference);
-    for (int i = 0; i < kStepsPerTick && !isHorizonReached(); ++i)
-        extend();
-}
-
-void NavPrediction::rebuild(const Game& game, int level) {
+void NavPrediction::request(const Game& game, int level, int centre, int goal) {
+    PathRequest ask{game, level, centre, goal};
+    // Every key let go.
+    ask.world.player.isTurningLeft = false;
+    ask.world.player.isTurningRight = false;
+    ask.world.player.isAccelerating = false;
     level_ = level;
     timeStep_ = game.timeStep;
-    impactBody_ = -1;
-    world_ = game;
-    // Every key let go.
-    world_.player.isTurningLeft = false;
-    world_.player.isTurningRight = false;
-    world_.player.isAccelerating = false;
-    samples_.clear();
-    samples_.push_back(sampleOf(world_));
+    centre_ = centre;
+    goal_ = goal;
+    start_ = 0;
+    ticksSinceRequest_ = 0;
+    if (isThreaded_) {
+        // The last path stays on screen until the first stretch of the new one comes.
+        isCurrent_ = false;
+        worker_.start(std::move(ask));
+    } else {
+        finder_.emplace(std::move(ask));
+        isCurrent_ = true;
+    }
 }
 
-void NavPrediction::extend() {
-    world_.doFrame(level_);
-    Sample next = sampleOf(world_);
-    const Sample& last = samples_.back();
-    next.turn =
-        last.turn +
-        std::remainder(angleAround(next, reference_) - angleAround(last, reference_), kTwoPi);
-    samples_.push_back(next);
-    for (const BodyMember member : kHardBodies) {
-        const Stellar& body = world_.*member;
-        if (std::sqrt(sqDist(world_.player.pos, body.pos)) < body.cRadius) {
-            impactBody_ = bodyIndex(world_, body);
-            break;
+const PathResult* NavPrediction::found() const {
+    return isThreaded_ ? held_.get() : finder_ ? &finder_->result() : nullptr;
+}
+
+void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveDone,
+                           const Stellar& followed) {
+    ++ticksSinceRequest_;
+    if (isThreaded_) {
+        if (auto latest = worker_.latest()) {
+            held_ = std::move(latest);
+            isCurrent_ = true;
+        }
+    } else if (finder_) {
+        finder_->advance(kStepsPerTick);
+    }
+    const int centre = orbitCentreOf(game, followed);
+    const int goal = goalOf(game, level, isPartialObjectiveDone);
+    const bool isAsked =
+        level == level_ && game.timeStep == timeStep_ && centre == centre_ && goal == goal_;
+    // The world has taken at most one step since the last tick: it stands at the place it stood,
+    // or the next, or the path no longer holds. Until the next place is found it cannot tell.
+    bool isLost = !isAsked;
+    const PathResult* path = found();
+    if (isAsked && isCurrent_ && path != nullptr) {
+        bool follows = false;
+        for (std::size_t k = start_; k < path->fine.size() && k <= start_ + 1 && !follows; ++k) {
+            if (isSame(path->fine[k], game)) {
+                start_ = k;
+                follows = true;
+            }
+        }
+        isLost = !follows && (path->fine.size() > start_ + 1 || path->isComplete ||
+                              path->fine.back().elapsed < game.elapsedTime);
+    }
+    if (!isLost)
+        return;
+    // While a key is held the path is looked for again a few times a second, not at every tick.
+    const Player& craft = game.player;
+    const bool isHeld = craft.isTurningLeft || craft.isTurningRight || craft.isAccelerating;
+    if (!isAsked || !isHeld || ticksSinceRequest_ >= kRefreshTicks)
+        request(game, level, centre, goal);
+}
+
+void NavPrediction::settle() {
+    if (isThreaded_) {
+        worker_.wait();
+        if (auto latest = worker_.latest()) {
+            held_ = std::move(latest);
+            isCurrent_ = true;
+        }
+    } else if (finder_) {
+        while (finder_->advance(1000)) {
         }
     }
 }
 
-// Counts the turns again around another body.
-void NavPrediction::turnAround(int reference) {
-    reference_ = reference;
-    for (std::size_t i = 1; i < samples_.size(); ++i) {
-        samples_[i].turn =
-            samples_[i - 1].turn + std::remainder(angleAround(samples_[i], reference) -
-                                                      angleAround(samples_[i - 1], reference),
-                                                  kTwoPi);
+std::vector<const PathSample*> NavPrediction::path() const {
+    std::vector<const PathSample*> places;
+    const PathResult* found = this->found();
+    if (found == nullptr)
+        return places;
+    for (std::size_t k = start_; k < found->fine.size(); ++k)
+        places.push_back(&found->fine[k]);
+    const double end =
+        places.empty() ? -std::numeric_limits<double>::infinity() : places.back()->elapsed;
+    for (const PathSample& s : found->coarse) {
+        if (s.elapsed > end)
+            places.push_back(&s);
     }
-}
-
-// Far enough: one whole turn round the followed body, an impact, or the longest path.
-bool NavPrediction::isHorizonReached() const {
-    return impactBody_ >= 0 || samples_.size() >= kMostSteps ||
-           std::abs(samples_.back().turn - samples_.front().turn) >= kTwoPi;
-}
-
-const std::deque<NavPrediction::Sample>& NavPrediction::samplesFor(const Game& game,
-                                                                   int level) const {
-    static const std::deque<Sample> none;
-    return level == level_ && !samples_.empty() && isSame(samples_.front(), game) ? samples_ : none;
+    return places;
 }
 
 NavAids NavPrediction::aids(const Game& game, int level, bool isPartialObjectiveDone,
                             const Stellar& followed) const {
     NavAids aids;
     const int reference = referenceOf(game, followed);
-    const std::deque<Sample>& samples = samplesFor(game, level);
-    aids.path.reserve(samples.size());
-    for (const Sample& s : samples)
-        aids.path.push_back(offsetOf(s, reference));
+    // A path found for another level (a redraw before the first tick of a new attempt) shows
+    // nothing.
+    const std::vector<const PathSample*> places =
+        level == level_ ? path() : std::vector<const PathSample*>{};
+    aids.path.reserve(places.size());
+    for (const PathSample* s : places)
+        aids.path.push_back(offsetOf(*s, reference));
     findMotion(aids, game, followed);
     findOrbitAround(aids, game, followed);
     const Level& row = levelAt(level);
     findZone(aids, game, row, followed);
     if (const Stellar* target = targetOf(game, row, isPartialObjectiveDone))
-        findApproach(aids, game, *target, followed, samples, reference);
+        findApproach(aids, game, *target, followed, places, reference);
     findPhase(aids, game, level, followed);
-    if (impactBody_ >= 0 && !samples.empty()) {
+    const PathResult* found = this->found();
+    if (places.empty() || found == nullptr)
+        return aids;
+    const PathSample& end = *places.back();
+    aids.pathTime = end.elapsed - game.elapsedTime;
+    if (found->impactBody >= 0) {
         aids.impact.isShown = true;
-        aids.impact.at = offsetOf(samples.back(), reference);
-        aids.impact.time = samples.back().elapsed - game.elapsedTime;
-        aids.impact.name = (game.*kBodies[impactBody_]).name;
+        aids.impact.at = offsetOf(end, reference);
+        aids.impact.time = aids.pathTime;
+        aids.impact.name = (game.*kBodies[found->impactBody]).name;
+        aids.approach.isBeyondPath = false;
+    } else {
+        aids.isCutShort = !found->isComplete || found->isCutShort;
     }
     return aids;
 }

@@ -1,58 +1,59 @@
 #pragma once
 
+#include "control/nav_path.h"
+#include "control/nav_worker.h"
 #include "presentation/nav_aids.h"
-#include "world/bodies.h"
 #include "world/game.h"
 
 #include <cstddef>
-#include <deque>
+#include <memory>
+#include <optional>
+#include <vector>
 
 namespace apsis {
 
 // The path the craft will fly if every key is let go now, found with the world's own step on a
 // copy of the world, so that the craft left alone flies exactly through it. The world is
-// deterministic: while it goes the way the path foresaw, the path is kept and only extended; after
-// a key or a change of time step it is built again, a few steps per tick.
+// deterministic: while it goes the way the path foresaw, the path is kept; after a key, a change of
+// time step or of the followed body it is looked for again. In the game the looking is done on a
+// worker thread; elsewhere (tests, tools) a few world steps a tick on the caller's, which finds
+// the same path more slowly.
 class NavPrediction {
   public:
-    static constexpr int kStepsPerTick = 3; // world steps of looking ahead per tick, at most
-    static constexpr std::size_t kMostSteps = 3000; // the path never looks further ahead
+    static constexpr int kStepsPerTick = 3; // world steps a tick, without the worker
+    static constexpr int kRefreshTicks = 6; // while a key is held, the path is looked for again
+                                            // this often: five times a second
 
-    // The world after one step of the path.
-    struct Sample {
-        Position craft;
-        double fuel = 0;
-        double targetAngle = 0;
-        double elapsed = 0;            // s, the world's clock
-        double bodyX[kBodyCount] = {}; // m, the world's bodies in their order
-        double bodyY[kBodyCount] = {};
-        double turn = 0; // rad, how far the craft has gone round the followed body since the first
-    };
-
+    void useWorkerThread(bool isUsed) { isThreaded_ = isUsed; }
     // Once per flight tick, after the world step and the camera.
-    void update(const Game& game, int level, const Stellar& followed);
+    void update(const Game& game, int level, bool isPartialObjectiveDone, const Stellar& followed);
+    // Drops the path and stops the worker.
     void clear();
+    // Waits until the path is complete (tests and tools).
+    void settle();
     // What the aids show of the world as it is now.
     NavAids aids(const Game& game, int level, bool isPartialObjectiveDone,
                  const Stellar& followed) const;
 
-    const std::deque<Sample>& samples() const { return samples_; }
+    // The path from the world as it is now: the fine places, then the coarse ones beyond them.
+    std::vector<const PathSample*> path() const;
+    // Everything found for the latest request, or nullptr.
+    const PathResult* found() const;
 
   private:
-    void rebuild(const Game& game, int level);
-    // The path found for this world, or none for another (a redraw before the first tick of a new
-    // attempt).
-    const std::deque<Sample>& samplesFor(const Game& game, int level) const;
-    void extend();
-    void turnAround(int reference);
-    bool isHorizonReached() const;
+    void request(const Game& game, int level, int centre, int goal);
 
-    Game world_; // the copy, as it stands at the last sample
-    std::deque<Sample> samples_;
+    bool isThreaded_ = false;
+    PathWorker worker_;
+    std::optional<PathFinder> finder_;       // without the worker
+    std::shared_ptr<const PathResult> held_; // from the worker, as taken at the last tick
+    bool isCurrent_ = false;                 // held_ is for the latest request
+    std::size_t start_ = 0;                  // the fine place the world stands at
     int level_ = -1;
     double timeStep_ = 0;
-    int reference_ = 0;   // the followed body, as an index into the world's bodies
-    int impactBody_ = -1; // the body the path ends in, or -1
+    int centre_ = -1;
+    int goal_ = -1;
+    int ticksSinceRequest_ = 0;
 };
 
 } // namespace apsis

@@ -1,0 +1,300 @@
+#include "control/nav_findings.h"
+
+#include "physics/numeric.h"
+#include "world/bodies.h"
+
+#include <cmath>
+
+namespace apsis {
+namespace {
+
+// High and low points of the orbit around the followed body, from its mass and the craft's place
+// and velocity relative to it: the two-body orbit through the craft's present state.
+void findOrbit(NavAids& aids, const Game& game, const Stellar& body) {
+    const double mu = G * body.mass;
+    const double rx = game.player.pos.x - body.pos.x;
+    const double ry = game.player.pos.y - body.pos.y;
+    const double vx = game.player.pos.vx - body.pos.vx;
+    const double vy = game.player.pos.vy - body.pos.vy;
+    const double r = std::hypot(rx, ry);
+    if (!(mu > 0) || !(r > 0))
+        return;
+    aids.hasOrbit = true;
+    const double v2 = vx * vx + vy * vy;
+    const double rv = rx * vx + ry * vy;
+    const double h = rx * vy - ry * vx; // positive counter-clockwise
+    // The eccentricity vector points from the body to the low point.
+    const double ex = ((v2 - mu / r) * rx - rv * vx) / mu;
+    const double ey = ((v2 - mu / r) * ry - rv * vy) / mu;
+    const double e = std::hypot(ex, ey);
+    const double p = h * h / mu; // semi-latus rectum, m
+    const double surface = body.cRadius + game.player.cRadius;
+    const double low = p / (1 + e);
+    aids.isEscaping = e >= 1;
+    aids.isCircular = e < 1e-6;
+    const double ux = aids.isCircular ? rx / r : ex / e;
+    const double uy = aids.isCircular ? ry / r : ey / e;
+    aids.low.isShown = true;
+    aids.low.at = {ux * low, uy * low};
+    aids.low.value = low - surface;
+    aids.low.time = -1;
+    aids.high.time = -1;
+    if (!aids.isEscaping) {
+        const double high = p / (1 - e);
+        aids.high.isShown = true;
+        aids.high.at = {-ux * high, -uy * high};
+        aids.high.value = high - surface;
+    }
+    if (aids.isCircular)
+        return;
+    // Where on the orbit the craft is, measured from the low point the way it flies.
+    const double nu = std::atan2(ux * ry - uy * rx, ux * rx + uy * ry) * (h < 0 ? -1 : 1);
+    const double a = p / (1 - e * e);
+    if (!aids.isEscaping) {
+        const double n = std::sqrt(mu / (a * a * a));
+        const double ecc = 2 * std::atan(std::sqrt((1 - e) / (1 + e)) * std::tan(nu / 2));
+        const double mean = ecc - e * std::sin(ecc); // -pi to pi, 0 at the low point
+        aids.low.time = (mean <= 0 ? -mean : kTwoPi - mean) / n;
+        aids.high.time = (kPi - mean) / n;
+    } else if (nu < 0 && e > 1) {
+        // Still falling towards the low point of an escape path.
+        const double reach = -a;
+        const double n = std::sqrt(mu / (reach * reach * reach));
+        const double f = 2 * std::atanh(std::sqrt((e - 1) / (e + 1)) * std::tan(nu / 2));
+        aids.low.time = -(e * std::sinh(f) - f) / n;
+    }
+}
+
+} // namespace
+
+// The craft's way relative to the followed body.
+void findMotion(NavAids& aids, const Game& game, const Stellar& followed) {
+    const Position& craft = game.player.pos;
+    aids.craft = {craft.x - followed.pos.x, craft.y - followed.pos.y};
+    const double vx = craft.vx - followed.pos.vx;
+    const double vy = craft.vy - followed.pos.vy;
+    const double speed = std::hypot(vx, vy);
+    // Below a tenth of a millimetre a second there is no way worth pointing at: a craft docked
+    // at a station shares its motion but for rounding.
+    aids.hasMotion = speed > 1e-4;
+    if (aids.hasMotion)
+        aids.motion = {vx / speed, vy / speed};
+    aids.nose = craft.angle;
+    aids.noseSettles = game.player.targetAngle;
+    // A thousandth of a radian is well under a pixel of the nose line.
+    aids.isTurning = std::abs(game.player.targetAngle - craft.angle) > 1e-3;
+    aids.sun = {game.sun.pos.x - followed.pos.x, game.sun.pos.y - followed.pos.y};
+}
+
+int orbitCentreOf(const Game& game, const Stellar& followed) {
+    const int index = bodyIndex(game, followed);
+    if (index >= 0 && followed.mass > 0)
+        return index;
+    int centre = index >= 0 ? index : 0;
+    double strongest = 0;
+    for (const BodyMember member : kMassiveBodies) {
+        const Stellar& body = game.*member;
+        const double pull = body.mass / sqDist(game.player.pos, body.pos);
+        if (pull > strongest) {
+            strongest = pull;
+            centre = bodyIndex(game, body);
+        }
+    }
+    return centre;
+}
+
+void findOrbitAround(NavAids& aids, const Game& game, const Stellar& followed) {
+    const Stellar* centre = &followed;
+    if (!(followed.mass > 0))
+        centre = &(game.*kBodies[orbitCentreOf(game, followed)]);
+    findOrbit(aids, game, *centre);
+    if (centre != &followed) {
+        aids.orbitBody = centre->name;
+        for (NavMark* mark : {&aids.high, &aids.low}) {
+            mark->at.x += centre->pos.x - followed.pos.x;
+            mark->at.y += centre->pos.y - followed.pos.y;
+        }
+    }
+}
+
+// The orbit the level asks the craft to hold.
+void findZone(NavAids& aids, const Game& game, const Level& row, const Stellar& followed) {
+    if (row.zoneBody == nullptr)
+        return;
+    const Stellar& body = game.*row.zoneBody;
+    aids.hasZone = true;
+    aids.zoneCentre = {body.pos.x - followed.pos.x, body.pos.y - followed.pos.y};
+    aids.zoneInner = row.zoneInner > 0 ? row.zoneInner : 0;
+    aids.zoneOuter = row.zoneOuter;
+    aids.zoneBody = body.name;
+    aids.zoneSurface = body.cRadius + game.player.cRadius;
+}
+
+// The body to reach next: the one to dock with, in level 8 the asteroid until it has been passed;
+// in a level without one, the body of the orbit to hold when the level opens on another. None
+// where the level has none or it takes no part.
+const Stellar* targetOf(const Game& game, const Level& row, bool isPartialObjectiveDone) {
+    BodyMember target = row.satelliteTouch == Touch::Dock ? &Game::satellite
+                        : row.stationTouch == Touch::Dock ? &Game::station
+                                                          : nullptr;
+    if (row.passAsteroidFirst && !isPartialObjectiveDone)
+        target = &Game::asteroid;
+    if (target == nullptr && row.zoneBody != row.opensOn)
+        target = row.zoneBody;
+    return target != nullptr && (game.*target).isActive ? &(game.*target) : nullptr;
+}
+
+// The angle a level's briefing asks the pilot to wait for: the satellite ahead of the craft round
+// Earth (level 5), the Moon ahead of the craft round Earth (level 6), Mars ahead of Earth round
+// the Sun (level 7).
+void findPhase(NavAids& aids, const Game& game, int level, const Stellar& followed) {
+    struct Phase {
+        int level;
+        BodyMember centre, behind, ahead; // behind: nullptr for the craft
+    };
+    static constexpr Phase kPhases[] = {
+        {5, &Game::earth, nullptr, &Game::satellite},
+        {6, &Game::earth, nullptr, &Game::moon},
+        {7, &Game::sun, &Game::earth, &Game::mars},
+    };
+    for (const Phase& p : kPhases) {
+        if (p.level != level)
+            continue;
+        const Stellar& centre = game.*p.centre;
+        const Stellar& behind = p.behind != nullptr ? game.*p.behind : game.player;
+        const Stellar& ahead = game.*p.ahead;
+        const auto from = [&](const Stellar& body) {
+            return Offset{body.pos.x - followed.pos.x, body.pos.y - followed.pos.y};
+        };
+        const double a = std::atan2(ahead.pos.y - centre.pos.y, ahead.pos.x - centre.pos.x);
+        const double b = std::atan2(behind.pos.y - centre.pos.y, behind.pos.x - centre.pos.x);
+        NavPhase& phase = aids.phase;
+        phase.isShown = true;
+        phase.centre = from(centre);
+        phase.behind = from(behind);
+        phase.ahead = from(ahead);
+        phase.angle = std::fmod(a - b + 2 * kTwoPi, kTwoPi);
+        phase.aheadName = ahead.name;
+        phase.behindName = behind.name;
+        phase.centreName = centre.name;
+    }
+}
+
+namespace {
+
+// A stretch of the path between two places, as a cubic in the fraction u of its time that matches
+// both ends' places and velocities: exact enough for a few minutes of coasting, and for a few
+// hours far from any body.
+struct Stretch {
+    const PathSample& a;
+    const PathSample& b;
+    double dt; // s
+
+    // The place of body (or, for -1, the craft) less the place of from, u of the way along.
+    Offset place(int body, int from, double u) const {
+        const double h00 = (2 * u - 3) * u * u + 1, h10 = ((u - 2) * u + 1) * u;
+        const double h01 = (3 - 2 * u) * u * u, h11 = (u - 1) * u * u;
+        const auto x = [&](const PathSample& s) {
+            return Offset{(body < 0 ? s.craft.x : s.bodyX[body]) - s.bodyX[from],
+                          (body < 0 ? s.craft.y : s.bodyY[body]) - s.bodyY[from]};
+        };
+        const auto v = [&](const PathSample& s) {
+            return Offset{(body < 0 ? s.craft.vx : s.bodyVX[body]) - s.bodyVX[from],
+                          (body < 0 ? s.craft.vy : s.bodyVY[body]) - s.bodyVY[from]};
+        };
+        const Offset xa = x(a), xb = x(b), va = v(a), vb = v(b);
+        return {h00 * xa.x + h10 * dt * va.x + h01 * xb.x + h11 * dt * vb.x,
+                h00 * xa.y + h10 * dt * va.y + h01 * xb.y + h11 * dt * vb.y};
+    }
+    // The craft's velocity relative to body, u of the way along.
+    double speed(int body, double u) const {
+        const double d00 = 6 * u * u - 6 * u, d10 = (3 * u - 4) * u + 1;
+        const double d01 = 6 * u - 6 * u * u, d11 = (3 * u - 2) * u;
+        const double xa = a.craft.x - a.bodyX[body], ya = a.craft.y - a.bodyY[body];
+        const double xb = b.craft.x - b.bodyX[body], yb = b.craft.y - b.bodyY[body];
+        const double vxa = a.craft.vx - a.bodyVX[body], vya = a.craft.vy - a.bodyVY[body];
+        const double vxb = b.craft.vx - b.bodyVX[body], vyb = b.craft.vy - b.bodyVY[body];
+        return std::hypot((d00 * xa + d01 * xb) / dt + d10 * vxa + d11 * vxb,
+                          (d00 * ya + d01 * yb) / dt + d10 * vya + d11 * vyb);
+    }
+};
+
+double distanceAt(const Stretch& s, int body, double u) {
+    const Offset p = s.place(-1, body, u);
+    return std::hypot(p.x, p.y);
+}
+
+// The fraction of a stretch where the craft is closest to body, by golden sections.
+double closestOn(const Stretch& s, int body) {
+    constexpr double kGolden = 0.6180339887498949;
+    double lo = 0, hi = 1;
+    for (int i = 0; i < 60 && hi - lo > 1e-12; ++i) {
+        const double u1 = hi - kGolden * (hi - lo), u2 = lo + kGolden * (hi - lo);
+        if (distanceAt(s, body, u1) <= distanceAt(s, body, u2))
+            hi = u2;
+        else
+            lo = u1;
+    }
+    return (lo + hi) / 2;
+}
+
+} // namespace
+
+void findApproach(NavAids& aids, const Game& game, const Stellar& target, const Stellar& followed,
+                  const std::vector<const PathSample*>& path, int reference) {
+    aids.hasTarget = true;
+    aids.target = {target.pos.x - followed.pos.x, target.pos.y - followed.pos.y};
+    aids.targetName = target.name;
+    const double radii = target.cRadius + game.player.cRadius;
+    aids.targetGap = std::sqrt(sqDist(game.player.pos, target.pos)) - radii;
+    const int t = bodyIndex(game, target);
+    if (path.empty() || t < 0)
+        return;
+    // The closest place of the path, then the closest moment on the stretches either side of it.
+    std::size_t nearest = 0;
+    double closest = -1;
+    for (std::size_t k = 0; k < path.size(); ++k) {
+        const double d =
+            std::hypot(path[k]->craft.x - path[k]->bodyX[t], path[k]->craft.y - path[k]->bodyY[t]);
+        if (closest < 0 || d < closest) {
+            closest = d;
+            nearest = k;
+        }
+    }
+    const PathSample* a = path[nearest];
+    const PathSample* b = path[nearest];
+    double u = 0;
+    for (const std::size_t k : {nearest, nearest + 1}) {
+        if (k == 0 || k >= path.size())
+            continue;
+        const Stretch s{*path[k - 1], *path[k], path[k]->elapsed - path[k - 1]->elapsed};
+        if (!(s.dt > 0))
+            continue;
+        const double v = closestOn(s, t);
+        if (const double d = distanceAt(s, t, v); d < closest) {
+            closest = d;
+            a = path[k - 1];
+            b = path[k];
+            u = v;
+        }
+    }
+    const Stretch s{*a, *b, b->elapsed - a->elapsed};
+    NavApproach& approach = aids.approach;
+    approach.isShown = true;
+    approach.name = target.name;
+    approach.value = closest - radii;
+    approach.time = a->elapsed + u * s.dt - game.elapsedTime;
+    approach.at = s.dt > 0
+                      ? s.place(-1, reference, u)
+                      : Offset{a->craft.x - a->bodyX[reference], a->craft.y - a->bodyY[reference]};
+    approach.bodyThen =
+        s.dt > 0 ? s.place(t, reference, u)
+                 : Offset{a->bodyX[t] - a->bodyX[reference], a->bodyY[t] - a->bodyY[reference]};
+    approach.speed = s.dt > 0 ? s.speed(t, u)
+                              : std::hypot(a->craft.vx - a->bodyVX[t], a->craft.vy - a->bodyVY[t]);
+    // Still closing in at the path's end: the true closest approach lies further on.
+    approach.isBeyondPath =
+        path.size() > 1 && ((a == path.back() && u == 0) || (b == path.back() && u > 1 - 1e-6));
+}
+
+} // namespace apsis

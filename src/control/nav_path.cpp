@@ -1,0 +1,156 @@
+#include "control/nav_path.h"
+
+#include "physics/numeric.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace apsis {
+namespace {
+
+double angleAround(const PathSample& s, int centre) {
+    return std::atan2(s.craft.y - s.bodyY[centre], s.craft.x - s.bodyX[centre]);
+}
+
+} // namespace
+
+PathSample sampleOf(const Game& game) {
+    PathSample s;
+    s.craft = game.player.pos;
+    s.fuel = game.player.fuel;
+    s.targetAngle = game.player.targetAngle;
+    s.elapsed = game.elapsedTime;
+    for (int i = 0; i < kBodyCount; ++i) {
+        const Position& p = (game.*kBodies[i]).pos;
+        s.bodyX[i] = p.x;
+        s.bodyY[i] = p.y;
+        s.bodyVX[i] = p.vx;
+        s.bodyVY[i] = p.vy;
+    }
+    return s;
+}
+
+PathFinder::PathFinder(PathRequest request)
+    : request_(std::move(request)), fine_(request_.world), coarse_(request_.world) {
+    result_.fine.push_back(sampleOf(fine_));
+    hasCoarse_ = coarseStep(request_.world) > request_.world.timeStep;
+    if (hasCoarse_)
+        result_.coarse.push_back(result_.fine.front());
+}
+
+double PathFinder::coarseStep(const Game& world) {
+    double fastest = kLongestStep * kStepsPerTurn; // s, the shortest turn
+    for (const BodyMember member : kMassiveBodies) {
+        const Stellar& body = world.*member;
+        const double r = std::sqrt(sqDist(world.player.pos, body.pos));
+        fastest = std::min(fastest, kTwoPi * std::sqrt(r * r * r / (G * body.mass)));
+    }
+    const double wanted = std::min(fastest / kStepsPerTurn, kLongestStep);
+    const double own = world.timeStep;
+    return own * std::max(1.0, std::floor(wanted / own));
+}
+
+bool PathFinder::Horizon::check(const std::vector<PathSample>& samples, int centre, int goal) {
+    const PathSample& last = samples.back();
+    if (samples.size() >= 2)
+        turn += std::remainder(angleAround(last, centre) - angleAround(samples.end()[-2], centre),
+                               kTwoPi);
+    if (goal >= 0) {
+        const double d =
+            std::hypot(last.craft.x - last.bodyX[goal], last.craft.y - last.bodyY[goal]);
+        if (nearest < 0 || d < nearest) {
+            nearest = d;
+            isPassed = false;
+        } else if (d > 1.5 * nearest) {
+            isPassed = true;
+        }
+    }
+    return std::abs(turn) >= kTwoPi && (goal < 0 || isPassed);
+}
+
+bool PathFinder::hits(const Game& world) {
+    for (const BodyMember member : kHardBodies) {
+        const Stellar& body = world.*member;
+        if (std::sqrt(sqDist(world.player.pos, body.pos)) < body.cRadius) {
+            result_.impactBody = bodyIndex(world, body);
+            return true;
+        }
+    }
+    return false;
+}
+
+void PathFinder::stepFine() {
+    fine_.doFrame(request_.level);
+    result_.fine.push_back(sampleOf(fine_));
+    if (hits(fine_)) {
+        // The path the game will fly ends here, whatever the coarse one foresaw.
+        result_.coarse.clear();
+        result_.isCutShort = false;
+        result_.isComplete = true;
+    }
+}
+
+void PathFinder::stepCoarse() {
+    coarse_.timeStep = coarseStep(coarse_);
+    coarse_.doFrame(request_.level);
+    result_.coarse.push_back(sampleOf(coarse_));
+}
+
+bool PathFinder::advance(int steps) {
+    const double start = result_.fine.front().elapsed;
+    for (int i = 0; i < steps && !result_.isComplete; ++i) {
+        switch (stage_) {
+        case Stage::Lead: {
+            // The first stretch at the game's own step, so that the tick can follow the path at
+            // once; without a coarse path, the whole of it.
+            stepFine();
+            if (result_.isComplete)
+                break;
+            const bool isFar = fineHorizon_.check(result_.fine, request_.centre, request_.goal);
+            if (!hasCoarse_) {
+                const bool isLimit = result_.fine.size() > kMostFineSteps ||
+                                     result_.fine.back().elapsed - start >= kLongestLook;
+                result_.isComplete = isFar || isLimit;
+                result_.isCutShort = !isFar && isLimit;
+            } else if (isFar) {
+                result_.coarse.clear();
+                result_.isComplete = true;
+            } else if (result_.fine.size() > kLeadSteps) {
+                stage_ = Stage::Far;
+            }
+            break;
+        }
+        case Stage::Far: {
+            // The fine path keeps growing meanwhile, one step in each call, so that the world
+            // never outruns it.
+            if (i == 0) {
+                stepFine();
+                if (result_.isComplete)
+                    break;
+            }
+            stepCoarse();
+            const bool isImpact = hits(coarse_);
+            const bool isFar = coarseHorizon_.check(result_.coarse, request_.centre, request_.goal);
+            const bool isLimit = result_.coarse.size() > kMostCoarseSteps ||
+                                 result_.coarse.back().elapsed - start >= kLongestLook;
+            if (isImpact || isFar || isLimit) {
+                result_.isCutShort = !isImpact && !isFar;
+                stage_ = Stage::Fill;
+            }
+            break;
+        }
+        case Stage::Fill:
+            // The fine path replaces the coarse one as far as it is found.
+            if (result_.fine.back().elapsed >= result_.coarse.back().elapsed ||
+                result_.fine.size() > kMostFineSteps)
+                result_.isComplete = true;
+            else
+                stepFine();
+            break;
+        }
+    }
+    return !result_.isComplete;
+}
+
+} // namespace apsis

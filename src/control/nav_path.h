@@ -1,0 +1,92 @@
+#pragma once
+
+#include "world/bodies.h"
+#include "world/game.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace apsis {
+
+// The world after one step of the path ahead: the craft and where every body is.
+struct PathSample {
+    Position craft;
+    double fuel = 0;
+    double targetAngle = 0;
+    double elapsed = 0;            // s, the world's clock
+    double bodyX[kBodyCount] = {}; // m, the world's bodies in their order
+    double bodyY[kBodyCount] = {};
+    double bodyVX[kBodyCount] = {}; // m/s
+    double bodyVY[kBodyCount] = {};
+};
+
+PathSample sampleOf(const Game& game);
+
+// What a path is looked for from: a world with every key let go, and what decides how far ahead
+// the path must reach.
+struct PathRequest {
+    Game world;
+    int level = 0;
+    int centre = 0; // the body whose turns are counted: the followed one, or what pulls hardest
+    int goal = -1;  // the body to reach, whose closest approach the path must include; -1 none
+};
+
+// The path found so far. The fine path steps the world exactly as the game will, at its own time
+// step; the coarse one steps the same world in longer steps, to see far ahead in little time. Both
+// start with the request's world.
+struct PathResult {
+    std::vector<PathSample> fine;
+    std::vector<PathSample> coarse; // empty where the game's own step already reaches far enough
+    int impactBody = -1;            // the body the path ends in (its place in kBodies), or -1
+    bool isComplete = false;        // nothing more will be found
+    bool isCutShort = false;        // it ended at a limit, before its horizon
+};
+
+// Looks ahead from one request, a given number of world steps at a time, so that the work can be
+// spread over ticks or done on a thread of its own. The path reaches one whole turn round its
+// centre, or an impact, and for a goal also its closest approach; it stops short at kLongestLook.
+class PathFinder {
+  public:
+    static constexpr double kLongestLook = 400 * 86400.0; // s of simulated time ahead, at most
+    static constexpr std::size_t kMostFineSteps = 3000;
+    static constexpr std::size_t kMostCoarseSteps = 1500;
+    static constexpr std::size_t kLeadSteps = 30; // fine steps found before the coarse path
+    static constexpr double kStepsPerTurn = 120;  // coarse steps per turn round the nearest pull
+    static constexpr double kLongestStep = 86400; // s: even far out, the Moon's month in 27 steps
+
+    explicit PathFinder(PathRequest request);
+
+    // Takes up to steps world steps; false once the path is complete.
+    bool advance(int steps);
+    const PathResult& result() const { return result_; }
+
+    // The coarse step for a world: a whole number of the game's steps, about kStepsPerTurn to a
+    // turn at the craft's distance from whichever body would turn it fastest.
+    static double coarseStep(const Game& world);
+
+  private:
+    enum class Stage { Lead, Far, Fill };
+
+    // Whether the path that ends with samples has reached its horizon, and keeps count on the way.
+    struct Horizon {
+        double turn = 0;       // rad round the centre so far
+        double nearest = -1;   // m, the closest to the goal so far
+        bool isPassed = false; // the goal's closest approach lies behind
+        bool check(const std::vector<PathSample>& samples, int centre, int goal);
+    };
+
+    void stepFine();
+    void stepCoarse();
+    bool hits(const Game& world);
+
+    PathRequest request_;
+    Game fine_;   // the world at the fine path's end
+    Game coarse_; // the world at the coarse path's end
+    PathResult result_;
+    Stage stage_ = Stage::Lead;
+    Horizon fineHorizon_;
+    Horizon coarseHorizon_;
+    bool hasCoarse_ = false;
+};
+
+} // namespace apsis

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "control/nav_path.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+
+namespace apsis {
+
+// Looks for the path ahead on a thread of its own, so that the game's tick never waits for it.
+// The tick hands it a request and takes whatever has been found so far; a new request drops the
+// work in hand. The thread is started with the first request and stopped and joined by stop()
+// and on destruction.
+class PathWorker {
+  public:
+    PathWorker() = default;
+    PathWorker(const PathWorker&) = delete;
+    PathWorker& operator=(const PathWorker&) = delete;
+    ~PathWorker();
+
+    void start(PathRequest request);
+    // Drops the work in hand and joins the thread.
+    void stop();
+    // What has been found for the latest request so far; nullptr before the first stretch.
+    std::shared_ptr<const PathResult> latest() const;
+    // Waits until the latest request's path is complete (tests and tools).
+    void wait() const;
+
+  private:
+    void run();
+
+    mutable std::mutex mutex_;
+    mutable std::condition_variable changed_;
+    std::optional<PathRequest> next_;         // waiting to be taken up
+    std::shared_ptr<const PathResult> found_; // for the latest request
+    std::atomic<bool> isDropped_ = false;     // the work in hand is for an older request
+    bool isQuitting_ = false;
+    bool isBusy_ = false; // a request is being worked on
+    std::thread thread_;
+};
+
+} // namespace apsis
