@@ -87,13 +87,14 @@ void PathFinder::stepFine() {
         // The path the game will fly ends here, whatever the coarse one foresaw.
         result_.coarse.clear();
         result_.isCutShort = false;
+        result_.isFar = true;
         result_.isComplete = true;
     }
 }
 
 void PathFinder::stepCoarse() {
     coarse_.timeStep = coarseStep(coarse_);
-    coarse_.doFrame(request_.level);
+    coarse_.doFrame(request_.level, kCoarseSubSteps);
     result_.coarse.push_back(sampleOf(coarse_));
 }
 
@@ -111,11 +112,11 @@ bool PathFinder::advance(int steps) {
             if (!hasCoarse_) {
                 const bool isLimit = result_.fine.size() > kMostFineSteps ||
                                      result_.fine.back().elapsed - start >= kLongestLook;
-                result_.isComplete = isFar || isLimit;
+                result_.isComplete = result_.isFar = isFar || isLimit;
                 result_.isCutShort = !isFar && isLimit;
             } else if (isFar) {
                 result_.coarse.clear();
-                result_.isComplete = true;
+                result_.isComplete = result_.isFar = true;
             } else if (result_.fine.size() > kLeadSteps) {
                 stage_ = Stage::Far;
             }
@@ -136,6 +137,7 @@ bool PathFinder::advance(int steps) {
                                  result_.coarse.back().elapsed - start >= kLongestLook;
             if (isImpact || isFar || isLimit) {
                 result_.isCutShort = !isImpact && !isFar;
+                result_.isFar = true;
                 stage_ = Stage::Fill;
             }
             break;

@@ -38,6 +38,8 @@ struct PathResult {
     std::vector<PathSample> fine;
     std::vector<PathSample> coarse; // empty where the game's own step already reaches far enough
     int impactBody = -1;            // the body the path ends in (its place in kBodies), or -1
+    bool isFar = false;             // the path reaches as far as it will (the fine one may still
+                                    // be filling in behind)
     bool isComplete = false;        // nothing more will be found
     bool isCutShort = false;        // it ended at a limit, before its horizon
 };
@@ -49,10 +51,11 @@ class PathFinder {
   public:
     static constexpr double kLongestLook = 400 * 86400.0; // s of simulated time ahead, at most
     static constexpr std::size_t kMostFineSteps = 3000;
-    static constexpr std::size_t kMostCoarseSteps = 1500;
+    static constexpr std::size_t kMostCoarseSteps = 400;
     static constexpr std::size_t kLeadSteps = 30; // fine steps found before the coarse path
-    static constexpr double kStepsPerTurn = 120;  // coarse steps per turn round the nearest pull
+    static constexpr double kStepsPerTurn = 60;   // coarse steps per turn round the nearest pull
     static constexpr double kLongestStep = 86400; // s: even far out, the Moon's month in 27 steps
+    static constexpr int kCoarseSubSteps = 250;   // sub-steps of a coarse step: 15,000 to a turn
 
     explicit PathFinder(PathRequest request);
 

@@ -3,6 +3,7 @@
 #include "control/nav_findings.h"
 #include "world/levels.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -92,27 +93,31 @@ void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveD
     const int goal = goalOf(game, level, isPartialObjectiveDone);
     const bool isAsked =
         level == level_ && game.timeStep == timeStep_ && centre == centre_ && goal == goal_;
-    // The world has taken at most one step since the last tick: it stands at the place it stood,
-    // or the next, or the path no longer holds. Until the next place is found it cannot tell.
+    // The world takes at most one step a tick: it stands at the place it stood at the last tick,
+    // or a later one no further on than the ticks since the path was asked for, or the path no
+    // longer holds. Until those places are found it cannot tell.
     bool isLost = !isAsked;
     const PathResult* path = found();
     if (isAsked && isCurrent_ && path != nullptr) {
+        const std::size_t reach =
+            std::max(start_ + 1, static_cast<std::size_t>(ticksSinceRequest_));
         bool follows = false;
-        for (std::size_t k = start_; k < path->fine.size() && k <= start_ + 1 && !follows; ++k) {
+        for (std::size_t k = start_; k < path->fine.size() && k <= reach && !follows; ++k) {
             if (isSame(path->fine[k], game)) {
                 start_ = k;
                 follows = true;
             }
         }
-        isLost = !follows && (path->fine.size() > start_ + 1 || path->isComplete ||
+        isLost = !follows && (path->fine.size() > reach || path->isComplete ||
                               path->fine.back().elapsed < game.elapsedTime);
     }
-    if (!isLost)
-        return;
-    // While a key is held the path is looked for again a few times a second, not at every tick.
+    // While a key is held the path is looked for again a few times a second, not at every tick;
+    // as soon as it is let go, at once.
     const Player& craft = game.player;
     const bool isHeld = craft.isTurningLeft || craft.isTurningRight || craft.isAccelerating;
-    if (!isAsked || !isHeld || ticksSinceRequest_ >= kRefreshTicks)
+    const bool isLetGo = wasHeld_ && !isHeld;
+    wasHeld_ = isHeld;
+    if (isLetGo || (isLost && (!isAsked || !isHeld || ticksSinceRequest_ >= kRefreshTicks)))
         request(game, level, centre, goal);
 }
 
@@ -175,7 +180,7 @@ NavAids NavPrediction::aids(const Game& game, int level, bool isPartialObjective
         aids.impact.name = (game.*kBodies[found->impactBody]).name;
         aids.approach.isBeyondPath = false;
     } else {
-        aids.isCutShort = !found->isComplete || found->isCutShort;
+        aids.isCutShort = !found->isFar || found->isCutShort;
     }
     return aids;
 }

@@ -54,6 +54,7 @@ class NavPrediction {
     int centre_ = -1;
     int goal_ = -1;
     int ticksSinceRequest_ = 0;
+    bool wasHeld_ = false; // a key steered the craft at the last tick
 };
 
 } // namespace apsis

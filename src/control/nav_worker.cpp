@@ -3,14 +3,6 @@
 #include <utility>
 
 namespace apsis {
-namespace {
-
-// World steps between hand-overs: a few milliseconds of work, so that a new request is taken up
-// within a tick and the path on screen grows smoothly.
-constexpr int kStepsPerStretch = 8;
-
-} // namespace
-
 PathWorker::~PathWorker() {
     stop();
 }

@@ -17,6 +17,11 @@ namespace apsis {
 // and on destruction.
 class PathWorker {
   public:
+    // World steps between hand-overs: some 30 ms of work at most, so that a new request is taken
+    // up within a tick or so, the path on screen grows smoothly, and the fine path (one step of
+    // each stretch) stays ahead of the world.
+    static constexpr int kStepsPerStretch = 32;
+
     PathWorker() = default;
     PathWorker(const PathWorker&) = delete;
     PathWorker& operator=(const PathWorker&) = delete;

@@ -31,6 +31,8 @@ GameView::GameView(QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
     setMinimumSize(640, 480);
+    // The window's game looks ahead on a thread of its own, so that its tick never waits.
+    ctrl_->navPrediction.useWorkerThread(true);
 
     clock_.start();
     timer_.setTimerType(Qt::PreciseTimer);

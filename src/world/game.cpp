@@ -27,9 +27,13 @@ Game::Game()
       player("You", 0.0, 100.0, 2.0, "ship.gif", 8) {}
 
 void Game::doFrame(int level) {
-    const double dt = timeStep / kSubSteps;
+    doFrame(level, kSubSteps);
+}
+
+void Game::doFrame(int level, int subSteps) {
+    const double dt = timeStep / subSteps;
     const bool satelliteRidesEarth = levelAt(level).satelliteRidesEarth;
-    for (int step = 0; step < kSubSteps; ++step) {
+    for (int step = 0; step < subSteps; ++step) {
         // Planets: each pulled by the Sun alone; the Moon by the Sun and Earth. Every pull of a
         // sub-step sees the massive bodies where they stood at its start: they drift last.
         venus.gravTo(sun, dt);

@@ -33,6 +33,9 @@ struct Game {
     // its row says so (level 4) the satellite is held at a fixed fraction of Earth's state instead
     // of being pulled.
     void doFrame(int level);
+    // The same step in fewer, longer sub-steps: for looking far ahead, where a path need not be
+    // exact to the last bit.
+    void doFrame(int level, int subSteps);
     // Puts the world into the starting state of a level (world/levels.h) at the present
     // difficulty. A number outside the table is taken as the nearest level.
     void setLevel(int n);

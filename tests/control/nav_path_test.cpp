@@ -1,0 +1,57 @@
+#include "control/nav_findings.h"
+#include "control/nav_path.h"
+#include "control/play.h"
+#include "support/fake_resources.h"
+#include "world/levels.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace apsis {
+namespace {
+
+PathResult findWhole(const Controller& c) {
+    PathRequest ask{c.game, c.level, orbitCentreOf(c.game, c.drawView.viewTarget), -1};
+    PathFinder finder(ask);
+    while (finder.advance(1000)) {
+    }
+    return finder.result();
+}
+
+// Where the coarse path reaches further than the game's own step would in time, its places stay
+// within a thousandth of the distance to the body the craft turns round from the places the game
+// will fly through, over a whole turn, in every level that opens round Earth.
+TEST(PathFinder, TheCoarsePathStaysWithinAThousandthOfTheFineOne) {
+    ScopedFakeResources files;
+    int coarseLevels = 0;
+    for (int level = 1; level <= 6; ++level) {
+        Controller c;
+        flySeeded(c, level, 7);
+        const PathResult path = findWhole(c);
+        ASSERT_TRUE(path.isFar && !path.isCutShort) << level;
+        if (path.coarse.empty())
+            continue;
+        ++coarseLevels;
+        const int centre = orbitCentreOf(c.game, c.drawView.viewTarget);
+        const double step = c.game.timeStep;
+        const double start = path.fine.front().elapsed;
+        int compared = 0;
+        for (const PathSample& far : path.coarse) {
+            const auto k = static_cast<std::size_t>(std::lround((far.elapsed - start) / step));
+            ASSERT_LT(k, path.fine.size()) << level; // the fine path fills in the whole turn
+            const PathSample& near = path.fine[k];
+            ASSERT_NEAR(near.elapsed, far.elapsed, 1e-6 * far.elapsed) << level;
+            const double r = std::hypot(near.craft.x - near.bodyX[centre],
+                                        near.craft.y - near.bodyY[centre]);
+            EXPECT_LT(std::hypot(far.craft.x - near.craft.x, far.craft.y - near.craft.y),
+                      1e-3 * r)
+                << "level " << level << " at " << far.elapsed - start << " s";
+            ++compared;
+        }
+        EXPECT_GT(compared, 60) << level;
+    }
+    EXPECT_GE(coarseLevels, 4);
+}
+
+} // namespace
+} // namespace apsis

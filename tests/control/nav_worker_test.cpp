@@ -1,0 +1,77 @@
+#include "control/nav_findings.h"
+#include "control/nav_worker.h"
+#include "control/play.h"
+#include "support/fake_resources.h"
+
+#include <gtest/gtest.h>
+
+namespace apsis {
+namespace {
+
+bool sameSamples(const std::vector<PathSample>& a, const std::vector<PathSample>& b) {
+    if (a.size() != b.size())
+        return false;
+    for (std::size_t k = 0; k < a.size(); ++k) {
+        if (a[k].craft.x != b[k].craft.x || a[k].craft.y != b[k].craft.y ||
+            a[k].elapsed != b[k].elapsed)
+            return false;
+    }
+    return true;
+}
+
+// The worker finds exactly the path the caller's own thread finds; a new request drops the work
+// in hand, so that what it hands over is always for the latest one; it stops and starts again.
+TEST(PathWorker, FindsTheSamePathAndOnlyForTheLatestRequest) {
+    ScopedFakeResources files;
+    Controller c;
+    flySeeded(c, 2, 3);
+    const PathRequest ask{c.game, 2, orbitCentreOf(c.game, c.drawView.viewTarget), -1};
+    PathFinder here(ask);
+    while (here.advance(1000)) {
+    }
+    PathWorker worker;
+    for (int round = 0; round < 2; ++round) {
+        PathRequest older = ask;
+        older.world.player.pos.vx += 100.0;
+        worker.start(older);
+        worker.start(ask);
+        worker.wait();
+        const auto found = worker.latest();
+        ASSERT_NE(found, nullptr);
+        EXPECT_TRUE(found->isComplete);
+        EXPECT_TRUE(sameSamples(found->fine, here.result().fine));
+        EXPECT_TRUE(sameSamples(found->coarse, here.result().coarse));
+        worker.stop();
+        EXPECT_EQ(worker.latest(), nullptr);
+    }
+}
+
+// In the game the path is found on the worker; the craft left alone still flies through it to
+// the last bit, and turning the aids off stops the worker.
+TEST(PathWorker, TheGamesCraftFliesAlongWhatTheWorkerFound) {
+    ScopedFakeResources files;
+    Controller c;
+    c.navPrediction.useWorkerThread(true);
+    flySeeded(c, 1, 9);
+    play::press(c, kKeyF2);
+    c.keyDown(kKeyUp);
+    play::ticks(c, 4);
+    c.keyUp(kKeyUp);
+    play::ticks(c, 2);
+    c.navPrediction.settle();
+    play::ticks(c, 1);
+    std::vector<PathSample> path;
+    for (const PathSample* place : c.navPrediction.path())
+        path.push_back(*place);
+    ASSERT_GT(path.size(), 40u);
+    for (std::size_t k = 1; k < 40; ++k) {
+        c.doFrame();
+        ASSERT_EQ(c.game.player.pos.x, path[k].craft.x) << k;
+        ASSERT_EQ(c.game.player.pos.y, path[k].craft.y) << k;
+    }
+    play::press(c, kKeyF2);
+    EXPECT_EQ(c.navPrediction.found(), nullptr);
+}
+
+} // namespace
+} // namespace apsis
