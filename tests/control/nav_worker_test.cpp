@@ -35,6 +35,15 @@ TEST(PathWorker, FindsTheSamePathAndOnlyForTheLatestRequest) {
         older.world.player.pos.vx += 100.0;
         worker.start(older);
         worker.start(ask);
+        // Taken while the worker goes on: each hand-over is a whole stretch, never less than the
+        // one before.
+        std::size_t seen = 0;
+        for (auto part = worker.latest(); !part || !part->isComplete; part = worker.latest()) {
+            if (part) {
+                ASSERT_GE(part->fine.size() + part->coarse.size(), seen);
+                seen = part->fine.size() + part->coarse.size();
+            }
+        }
         worker.wait();
         const auto found = worker.latest();
         ASSERT_NE(found, nullptr);
