@@ -8,8 +8,8 @@ namespace {
 
 constexpr double kLongest = 1051200.0; // s per tick: a year per second of play
 
-// Zooming in slows the clock by the square root of the zoom; the digest in the monkey test holds
-// the zoom indicator.
+// Zooming in slows the clock by the square root of the zoom; the zoom scenes of the screens
+// golden test hold the zoom indicator.
 TEST(HeldKeys, ZoomSlowsTheClockByTheSquareRootOfTheScale) {
     Controller c;
     play::toStillFlight(c, 1, 10); // 1.2e8 m across, 150 s per tick
