@@ -233,6 +233,9 @@ TEST(NavAids, DrawEveryCallAsPinned) {
             play::ticks(c, 1);
         }
         ASSERT_TRUE(c.isShowingNavAids && c.mode == MODE_PLAY) << scene.name;
+        // The whole path, as the worker would have found it by now.
+        c.navPrediction.settle();
+        c.updateNavAids();
         play::redraw(c, canvas);
         expectMatchesGolden(std::string("aids/") + scene.name, callsAsText(canvas, *files));
     }
