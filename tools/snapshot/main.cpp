@@ -74,6 +74,11 @@ int main(int argc, char** argv) {
     for (const apsis::Scene& scene : apsis::scenes()) {
         auto controller = std::make_unique<apsis::Controller>();
         scene.play(*controller);
+        if (controller->isShowingNavAids) {
+            // The whole path, as the window's worker would have found it by then.
+            controller->navPrediction.settle();
+            controller->updateNavAids();
+        }
         const auto file = out / (scene.name + ".png");
         if (render(*controller, size).save(QString::fromStdString(file.string()), "PNG")) {
             std::printf("%s\n", file.c_str());
