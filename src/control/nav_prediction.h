@@ -39,6 +39,7 @@ class NavPrediction {
     std::vector<const PathSample*> path() const;
     // Everything found for the latest request, or nullptr.
     const PathResult* found() const;
+    bool isLookingAhead() const { return worker_.isRunning(); } // the worker thread is up
 
   private:
     void request(const Game& game, int level, int centre, int goal);

@@ -34,6 +34,7 @@ class PathWorker {
     std::shared_ptr<const PathResult> latest() const;
     // Waits until the latest request's path is complete (tests and tools).
     void wait() const;
+    bool isRunning() const { return thread_.joinable(); }
 
   private:
     void run();

@@ -56,7 +56,7 @@ TEST(PathWorker, FindsTheSamePathAndOnlyForTheLatestRequest) {
 }
 
 // In the game the path is found on the worker; the craft left alone still flies through it to
-// the last bit, and turning the aids off stops the worker.
+// the last bit. Turning the aids off or a new attempt stops and joins the worker.
 TEST(PathWorker, TheGamesCraftFliesAlongWhatTheWorkerFound) {
     ScopedFakeResources files;
     Controller c;
@@ -78,8 +78,16 @@ TEST(PathWorker, TheGamesCraftFliesAlongWhatTheWorkerFound) {
         ASSERT_EQ(c.game.player.pos.x, path[k].craft.x) << k;
         ASSERT_EQ(c.game.player.pos.y, path[k].craft.y) << k;
     }
+    // The worker stops with the aids, and with the attempt.
+    EXPECT_TRUE(c.navPrediction.isLookingAhead());
     play::press(c, kKeyF2);
+    EXPECT_FALSE(c.navPrediction.isLookingAhead());
     EXPECT_EQ(c.navPrediction.found(), nullptr);
+    play::press(c, kKeyF2);
+    play::ticks(c, 2);
+    EXPECT_TRUE(c.navPrediction.isLookingAhead());
+    c.startLevel(2);
+    EXPECT_FALSE(c.navPrediction.isLookingAhead());
 }
 
 } // namespace
