@@ -32,6 +32,7 @@ struct DrawView {
     // Where the last flight scene wrote the bodies' names and its notices over the middle of the
     // view, view points: the aids keep their labels clear of them.
     std::vector<Rect> textsDrawn;
+    double craftRadius = 0.0; // points, half the width the last flight scene drew the craft at
 
     DrawView(double viewScale, const Position& center, const Stellar& target);
 

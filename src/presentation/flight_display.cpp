@@ -88,6 +88,7 @@ void DrawView::drawGame(Game& game) {
     const double h = viewHeight;
 
     textsDrawn.clear();
+    craftRadius = lengthToView(p.size) / 2;
     // Bodies; the later ones cover the earlier, so the satellite and the station lie over the ship.
     drawStel(game.sun, 0);
     drawStel(game.venus, 0);

@@ -20,12 +20,13 @@ struct Scene {
     const DrawView& view;
     const NavAids& aids;
     ViewPoint craft;
+    CraftReach reach;
     bool isCraftInView;
     LabelPlacer placer;
     std::vector<Label> labels;
 
     // A mark this close to the craft would sit on it: the notes say what it would have shown.
-    bool isOnCraft(ViewPoint p) const { return isCraftInView && distance(p, craft) < kCraftReach; }
+    bool isOnCraft(ViewPoint p) const { return isCraftInView && distance(p, craft) < reach.clear; }
     // Whether a mark at p is drawn at all: in the view and off the craft.
     bool isShown(ViewPoint p) const { return isInView(view, p) && !isOnCraft(p); }
 };
@@ -113,7 +114,7 @@ void drawNotes(Scene& s) {
     const double below = 12.0 * static_cast<double>(lines.size() - 1);
     // Under the left column; over the scale bar instead while the craft and its marks are there.
     double top = s.view.viewHeight - 94;
-    const Box aroundCraft = boxAround(s.craft, kNoseReach + 30);
+    const Box aroundCraft = boxAround(s.craft, s.reach.nose + 30);
     if (s.isCraftInView && aroundCraft.overlaps({0, top - below - 2, 12 + widest, top + 14}) &&
         !aroundCraft.overlaps({0, 58, 12 + widest, 74 + below}))
         top = 62 + below;
@@ -192,10 +193,17 @@ void drawNavAids(const DrawView& view, const NavAids& aids) {
     if (canvas == nullptr)
         return;
     const ViewPoint craft = place(view, aids.craft);
-    Scene s{*canvas, view, aids, craft, isInView(view, craft), LabelPlacer(*canvas, view), {}};
+    Scene s{*canvas,
+            view,
+            aids,
+            craft,
+            craftReach(view),
+            isInView(view, craft),
+            LabelPlacer(*canvas, view),
+            {}};
     s.placer.holdDisplay();
     if (s.isCraftInView)
-        s.placer.hold(boxAround(craft, kCraftReach), true);
+        s.placer.hold(boxAround(craft, s.reach.clear), true);
     drawNotes(s);
     if (aids.hasZone) {
         const ViewPoint c = place(view, aids.zoneCentre);
@@ -222,9 +230,9 @@ void drawNavAids(const DrawView& view, const NavAids& aids) {
         drawNamedMark(s, aids.high, kHighColor, "High", false);
     drawTargetArrow(*canvas, view, aids, s.placer, s.labels);
     if (s.isCraftInView) {
-        drawMotion(*canvas, aids, craft, s.placer);
-        drawSun(*canvas, view, aids, craft, s.placer, s.labels);
-        drawHeading(*canvas, aids, craft, s.placer);
+        drawMotion(*canvas, aids, craft, s.reach, s.placer);
+        drawSun(*canvas, view, aids, craft, s.reach, s.placer, s.labels);
+        drawHeading(*canvas, aids, craft, s.reach, s.placer);
     }
     for (const Label& label : s.labels)
         s.placer.put(label);

@@ -21,16 +21,14 @@ inline constexpr Color kTargetColor{1.0, 0.4, 1.0, 1.0};
 inline constexpr Color kGhostColor{1.0, 0.4, 1.0, 0.6};
 inline constexpr Color kImpactColor{1.0, 0.25, 0.25, 1.0};
 inline constexpr Color kNoseColor{1.0, 1.0, 1.0, 1.0};
+inline constexpr Color kCasingColor{0.0, 0.0, 0.0, 0.8}; // round the nose, on a light picture
 inline constexpr Color kSunColor{1.0, 0.8, 0.3, 1.0};
 inline constexpr Color kPhaseColor{0.55, 1.0, 0.85, 1.0};
 inline constexpr Color kLeaderColor{0.8, 0.9, 1.0, 0.5};
 inline const TextStyle kAidStyle{FontFamily::Courier, 12.0f, Color{0.55, 0.85, 1.0, 1.0}};
 inline const TextStyle kMarkStyle{FontFamily::Label, 11.0f, Color{0.8, 0.9, 1.0, 1.0}};
 
-constexpr double kMargin = 4.0;       // points beyond the view edges still worth stroking
-constexpr double kCraftReach = 12.0;  // points around the craft kept clear of every mark and label
-constexpr double kMotionReach = 28.0; // points from the craft to its direction marks
-constexpr double kNoseReach = 40.0;   // points from the craft to the tip of its nose line
+constexpr double kMargin = 4.0; // points beyond the view edges still worth stroking
 
 // A rectangle of the view, points.
 struct Box {
@@ -50,6 +48,17 @@ struct Box {
 inline Box boxAround(ViewPoint p, double reach) {
     return {p.x - reach, p.y - reach, p.x + reach, p.y + reach};
 }
+
+// How far the craft's own marks stand from its centre, points: just beyond the craft as drawn,
+// which at a close zoom is a picture hundreds of points wide.
+struct CraftReach {
+    double clear;  // kept clear of every other mark and label
+    double hull;   // where the nose line starts: the hull's tip when drawn as a picture
+    double motion; // the rings of its direction of motion
+    double nose;   // the tip of the nose line
+    double sun;    // the Sun's mark
+};
+CraftReach craftReach(const DrawView& view);
 
 ViewPoint place(const DrawView& view, Offset at);
 bool isInView(const DrawView& view, ViewPoint p);
@@ -108,10 +117,12 @@ class LabelPlacer {
 };
 
 // Parts of the aids, each drawing its marks, holding their places and asking for its labels.
-void drawHeading(Canvas& canvas, const NavAids& aids, ViewPoint craft, LabelPlacer& placer);
-void drawMotion(Canvas& canvas, const NavAids& aids, ViewPoint craft, LabelPlacer& placer);
+void drawHeading(Canvas& canvas, const NavAids& aids, ViewPoint craft, const CraftReach& reach,
+                 LabelPlacer& placer);
+void drawMotion(Canvas& canvas, const NavAids& aids, ViewPoint craft, const CraftReach& reach,
+                LabelPlacer& placer);
 void drawSun(Canvas& canvas, const DrawView& view, const NavAids& aids, ViewPoint craft,
-             LabelPlacer& placer, std::vector<Label>& labels);
+             const CraftReach& reach, LabelPlacer& placer, std::vector<Label>& labels);
 void drawTargetArrow(Canvas& canvas, const DrawView& view, const NavAids& aids, LabelPlacer& placer,
                      std::vector<Label>& labels);
 void drawPhase(Canvas& canvas, const DrawView& view, const NavAids& aids, LabelPlacer& placer,

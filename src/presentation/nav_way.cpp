@@ -26,17 +26,40 @@ void holdLine(LabelPlacer& placer, ViewPoint from, ViewPoint to, double reach) {
 
 } // namespace
 
+CraftReach craftReach(const DrawView& view) {
+    // The craft's picture is mostly empty margin round a narrow hull that reaches nearly to its
+    // edge: other marks may lie on the margin, the craft's own stand beyond the hull's tip, in
+    // the view.
+    const double r = view.craftRadius;
+    const double hull = std::clamp(
+        0.9 * r, 12.0, std::max(12.0, std::min(view.viewWidth, view.viewHeight) / 2 - 60));
+    return {std::clamp(0.25 * r, 12.0, 120.0), hull, hull + 16, hull + 28, hull + 50};
+}
+
 // The nose line from the craft the way it points, with a filled head; while the craft still
 // turns, an open head where the nose will come to rest. Drawn after every other mark, so none
 // covers it.
-void drawHeading(Canvas& canvas, const NavAids& aids, ViewPoint craft, LabelPlacer& placer) {
+void drawHeading(Canvas& canvas, const NavAids& aids, ViewPoint craft, const CraftReach& reach,
+                 LabelPlacer& placer) {
+    // Each white shape on a dark casing, so it shows on the craft's own light picture too.
     if (aids.isTurning) {
-        const ViewPoint tip = along(craft, aids.noseSettles, kNoseReach + 3);
+        const ViewPoint tip = along(craft, aids.noseSettles, reach.nose + 3);
+        drawArrowHead(canvas, along(tip, aids.noseSettles, 1.5), aids.noseSettles, 12, 7,
+                      kCasingColor, true);
         drawArrowHead(canvas, tip, aids.noseSettles, 9, 5, kNoseColor, false);
         placer.hold(boxAround(along(tip, aids.noseSettles + kPi, 4), 6));
     }
-    const ViewPoint from = along(craft, aids.nose, kCraftReach - 3);
-    const ViewPoint tip = along(craft, aids.nose, kNoseReach);
+    const ViewPoint from = along(craft, aids.nose, reach.hull - 3);
+    const ViewPoint tip = along(craft, aids.nose, reach.nose);
+    Path casing;
+    for (const double side : {-1.0, 1.0}) {
+        const ViewPoint a = along(from, aids.nose + kPi / 2, side);
+        const ViewPoint b = along(tip, aids.nose + kPi / 2, side);
+        casing.moveTo(toPoint(a.x, a.y));
+        casing.lineTo(toPoint(b.x, b.y));
+    }
+    canvas.strokePath(casing, kCasingColor);
+    drawArrowHead(canvas, along(tip, aids.nose, 1.5), aids.nose, 11, 5.5, kCasingColor, true);
     Path line;
     line.moveTo(toPoint(from.x, from.y));
     line.lineTo(toPoint(tip.x, tip.y));
@@ -46,13 +69,14 @@ void drawHeading(Canvas& canvas, const NavAids& aids, ViewPoint craft, LabelPlac
 }
 
 // Ahead of the craft a ring with a dot (the way it moves), behind it a ring with a cross.
-void drawMotion(Canvas& canvas, const NavAids& aids, ViewPoint craft, LabelPlacer& placer) {
+void drawMotion(Canvas& canvas, const NavAids& aids, ViewPoint craft, const CraftReach& reach,
+                LabelPlacer& placer) {
     if (!aids.hasMotion)
         return;
-    const ViewPoint ahead{craft.x + aids.motion.x * kMotionReach,
-                          craft.y + aids.motion.y * kMotionReach};
-    const ViewPoint behind{craft.x - aids.motion.x * kMotionReach,
-                           craft.y - aids.motion.y * kMotionReach};
+    const ViewPoint ahead{craft.x + aids.motion.x * reach.motion,
+                          craft.y + aids.motion.y * reach.motion};
+    const ViewPoint behind{craft.x - aids.motion.x * reach.motion,
+                           craft.y - aids.motion.y * reach.motion};
     drawRing(canvas, ahead, 5, kMotionColor);
     Path dot;
     dot.addOval(toRect(ahead.x - 1.5, ahead.y - 1.5, 3, 3));
@@ -66,12 +90,12 @@ void drawMotion(Canvas& canvas, const NavAids& aids, ViewPoint craft, LabelPlace
 // A small sun a little beyond the nose's reach, the way the Sun lies from the craft, while the
 // Sun itself is out of sight.
 void drawSun(Canvas& canvas, const DrawView& view, const NavAids& aids, ViewPoint craft,
-             LabelPlacer& placer, std::vector<Label>& labels) {
+             const CraftReach& reach, LabelPlacer& placer, std::vector<Label>& labels) {
     const ViewPoint sun = place(view, aids.sun);
     if (isInView(view, sun) || distance(sun, craft) < 1)
         return;
     const double a = angleTo(craft, sun);
-    const ViewPoint mark = along(craft, a, kNoseReach + 22);
+    const ViewPoint mark = along(craft, a, reach.sun);
     Path disc;
     disc.addOval(toRect(mark.x - 3, mark.y - 3, 6, 6));
     canvas.fillPath(disc, kSunColor);

@@ -196,11 +196,14 @@ std::vector<Scene> scenes() {
     });
     add("19-aids-heading-turning", [](Controller& c) {
         flyWithAids(c, 4, 4, 10);
-        c.drawView.viewScale = 4.0e6;
         // Let go after a short turn: the nose is still on its way.
         c.keyDown(kKeyLeft);
         tick(c, 8);
         c.keyUp(kKeyLeft);
+        // The camera on the craft, 400 km across.
+        c.drawView.viewScale = 4.0e5;
+        c.drawView.viewCenter.x = c.game.player.pos.x;
+        c.drawView.viewCenter.y = c.game.player.pos.y;
     });
     add("19-aids-level4-approach", [](Controller& c) { flyWithAids(c, 4, 4, 10); });
     add("19-aids-level3-goal-out-of-sight", [](Controller& c) {
@@ -208,7 +211,7 @@ std::vector<Scene> scenes() {
         c.drawView.viewScale = 1.0e8;
     });
     for (const auto& [level, scale] :
-         {std::pair{5, 2.0e7}, std::pair{6, 1.2e9}, std::pair{7, 8e11}}) {
+         {std::pair{5, 2.0e8}, std::pair{6, 1.2e9}, std::pair{7, 8e11}}) {
         add("19-aids-level" + std::to_string(level) + "-phase", [level, scale](Controller& c) {
             flyWithAids(c, level, static_cast<unsigned>(level), 10);
             c.drawView.viewScale = scale;
