@@ -181,7 +181,7 @@ void drawPathEnd(Scene& s) {
     for (auto i = path.size() - 1; i-- > 0 && distance(before, end) < 1;)
         before = place(s.view, path[i]);
     const double across = std::atan2(end.y - before.y, end.x - before.x) + kPi / 2;
-    drawLine(s.canvas, s.view, along(end, across, 6), along(end, across, -6), kPathColor);
+    drawLine(s.canvas, s.view, along(end, across, 7), along(end, across, -7), kPathColor);
     s.placer.hold(boxAround(end, 6));
     s.labels.push_back({"path ends", end, 6});
 }
