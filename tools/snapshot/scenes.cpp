@@ -210,11 +210,11 @@ std::vector<Scene> scenes() {
         flyWithAids(c, 3, 3, 10);
         c.drawView.viewScale = 1.0e8;
     });
-    for (const auto& [level, scale] :
-         {std::pair{5, 2.0e8}, std::pair{6, 1.2e9}, std::pair{7, 8e11}}) {
-        add("19-aids-level" + std::to_string(level) + "-phase", [level, scale](Controller& c) {
-            flyWithAids(c, level, static_cast<unsigned>(level), 10);
-            c.drawView.viewScale = scale;
+    // The angle each briefing asks for, seen wide enough to hold its bodies.
+    for (const std::pair<int, double>& phase : {std::pair{5, 2.0e8}, {6, 1.2e9}, {7, 8e11}}) {
+        add("19-aids-level" + std::to_string(phase.first) + "-phase", [phase](Controller& c) {
+            flyWithAids(c, phase.first, static_cast<unsigned>(phase.first), 10);
+            c.drawView.viewScale = phase.second;
         });
     }
     add("19-aids-crowding-the-read-outs", [](Controller& c) {
