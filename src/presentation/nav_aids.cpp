@@ -161,6 +161,7 @@ void drawApproach(Scene& s) {
     if (isGhostShown && isInView(s.view, ghost)) {
         drawDashedRing(s.canvas, ghost, 10, kGhostColor);
         s.placer.hold(boxAround(ghost, 10));
+        s.labels.push_back({std::string(approach.name) + " then", ghost, 10});
     }
     if (isCrossShown) {
         drawCross(s.canvas, p, 4, kTargetColor);

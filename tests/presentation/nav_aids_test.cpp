@@ -96,7 +96,7 @@ TEST(NavAidsDrawing, LabelsStandClearInBusyScenes) {
          60,
          kH - 110,
          nullptr,
-         {"High", "Low", "Closest", "path ends", "Sun"}},
+         {"High", "Low", "Closest", "path ends", "Sun", "Satellite then"}},
         {"under the right column", kW - 70, kH - 105, nullptr, {"High", "Low", "Closest", "Sun"}},
         {"on the scale bar", 300, 40, nullptr, {"High", "Low", "Closest", "Sun"}},
         {"approach on the craft",
