@@ -95,7 +95,16 @@ void drawSun(Canvas& canvas, const DrawView& view, const NavAids& aids, ViewPoin
     if (isInView(view, sun) || distance(sun, craft) < 1)
         return;
     const double a = angleTo(craft, sun);
-    const ViewPoint mark = along(craft, a, reach.sun);
+    // Anywhere along the line from the craft says the same: further out where the nearest place
+    // is taken by a read-out or another mark.
+    ViewPoint mark = along(craft, a, reach.sun);
+    for (double out = 12; out <= 120 && !placer.isFree(boxAround(mark, 8)); out += 12) {
+        const ViewPoint further = along(craft, a, reach.sun + out);
+        if (!isInView(view, further))
+            break;
+        if (placer.isFree(boxAround(further, 8)))
+            mark = further;
+    }
     Path disc;
     disc.addOval(toRect(mark.x - 3, mark.y - 3, 6, 6));
     canvas.fillPath(disc, kSunColor);
