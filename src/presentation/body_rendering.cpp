@@ -123,7 +123,7 @@ void drawBodyPicture(Canvas& canvas, const DrawView& view, Stellar& body, ViewPo
     canvas.drawPicture(picture, source, toRect(x, y, w, h), 1.0);
 }
 
-void drawBodySymbol(Canvas& canvas, const DrawView& view, const Stellar& body, int style,
+void drawBodySymbol(Canvas& canvas, DrawView& view, const Stellar& body, int style,
                     ViewPoint centre) {
     const double sx = centre.x;
     const double sy = centre.y;
@@ -148,6 +148,8 @@ void drawBodySymbol(Canvas& canvas, const DrawView& view, const Stellar& body, i
         // The Moon's name stands below its dot, clear of its planet's above.
         const float labelY = style == 1 ? c.y - 14.5f : c.y + 2.5f;
         canvas.drawText(body.name, {c.x + 2.5f, labelY}, kLabelStyle);
+        const Size size = canvas.measureText(body.name, kLabelStyle);
+        view.textsDrawn.push_back({c.x + 2.5f, labelY, size.width, size.height});
     }
     if (!shapeReaches)
         return;

@@ -1,11 +1,17 @@
 #pragma once
 
+#include "assets/rect.h"
 #include "physics/position.h"
 #include "physics/stellar.h"
+
+#include <string>
+#include <vector>
 
 namespace apsis {
 
 struct Game;
+struct TextStyle;
+class Canvas;
 
 // A place in the view, before it is narrowed to the canvas's single precision.
 struct ViewPoint {
@@ -23,6 +29,10 @@ struct DrawView {
     double viewHeight = 0.0; // points
     double viewScaleH = 0.0; // m of world across the whole height of the view
     double zoomRect = 0.0;   // size of the zoom indicator as a fraction of the view; 0 shows none
+    // Where the last flight scene wrote the bodies' names and its notices over the middle of the
+    // view, view points: the aids keep their labels clear of them.
+    std::vector<Rect> textsDrawn;
+    double craftRadius = 0.0; // points, half the width the last flight scene drew the craft at
 
     DrawView(double viewScale, const Position& center, const Stellar& target);
 
@@ -60,6 +70,10 @@ struct DrawView {
     void drawFlag(Game& game);
     void drawCountDown(double t, Game& game);
     void drawCollisionText(Game& game);
+
+    // Draws a notice centred as drawCentredText does and remembers where it stands.
+    void drawNotice(Canvas& canvas, const std::string& text, const TextStyle& style, double centreX,
+                    double y, bool aroundMiddle = false);
 };
 
 } // namespace apsis

@@ -87,6 +87,8 @@ void DrawView::drawGame(Game& game) {
     const double w = viewWidth;
     const double h = viewHeight;
 
+    textsDrawn.clear();
+    craftRadius = lengthToView(p.size) / 2;
     // Bodies; the later ones cover the earlier, so the satellite and the station lie over the ship.
     drawStel(game.sun, 0);
     drawStel(game.venus, 0);

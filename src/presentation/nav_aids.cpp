@@ -1,13 +1,10 @@
 #include "presentation/nav_aids.h"
 
-#include "physics/numeric.h"
-#include "presentation/canvas.h"
-#include "presentation/clip.h"
-#include "presentation/draw_view.h"
+#include "physics/position.h"
 #include "presentation/drawing.h"
 #include "presentation/format.h"
+#include "presentation/nav_parts.h"
 
-#include <algorithm>
 #include <cmath>
 #include <string>
 #include <utility>
@@ -15,170 +12,52 @@
 namespace apsis {
 namespace {
 
-// Colours that none of the display's own marks use: the display is green, grey and blue.
-const Color kPathColor{0.35, 0.75, 1.0, 0.9};
-const Color kHighColor{1.0, 0.6, 0.2, 1.0};
-const Color kLowColor{1.0, 0.45, 0.85, 1.0};
-const Color kMotionColor{1.0, 1.0, 0.35, 1.0};
-const Color kZoneColor{0.35, 1.0, 0.35, 0.55};
-const Color kTargetColor{1.0, 0.4, 1.0, 1.0};
-const Color kImpactColor{1.0, 0.25, 0.25, 1.0};
-const TextStyle kAidStyle{FontFamily::Courier, 12.0f, Color{0.55, 0.85, 1.0, 1.0}};
-const TextStyle kMarkStyle{FontFamily::Label, 11.0f, Color{0.8, 0.9, 1.0, 1.0}};
+using namespace nav;
 
-constexpr double kMargin = 4.0;       // points beyond the view edges still worth stroking
-constexpr double kMotionReach = 28.0; // points from the craft to its direction marks
+// What the marks on the path and round the craft need to share.
+struct Scene {
+    Canvas& canvas;
+    const DrawView& view;
+    const NavAids& aids;
+    ViewPoint craft;
+    CraftReach reach;
+    bool isCraftInView;
+    LabelPlacer placer;
+    std::vector<Label> labels;
 
-// Collects the pieces of a line that lie in the view into one path.
-struct PathSink {
-    Path* path;
-    void moveTo(ClipPoint p) const { path->moveTo(toPoint(p.x, p.y)); }
-    void lineTo(ClipPoint p) const { path->lineTo(toPoint(p.x, p.y)); }
+    // A mark this close to the craft would sit on it: the notes say what it would have shown.
+    bool isOnCraft(ViewPoint p) const { return isCraftInView && distance(p, craft) < reach.clear; }
+    // Whether a mark at p is drawn at all: in the view and off the craft.
+    bool isShown(ViewPoint p) const { return isInView(view, p) && !isOnCraft(p); }
 };
-
-// Only the parts of a line within the view (and a small margin) reach the canvas, so a path
-// zoomed to millions of points across costs no more than one on screen.
-ClippedPolyline<PathSink> clippedIn(const DrawView& view, Path& path) {
-    const ClipWindow window{-kMargin, -kMargin, view.viewWidth + kMargin,
-                            view.viewHeight + kMargin};
-    return ClippedPolyline<PathSink>(window, PathSink{&path});
-}
-
-ViewPoint place(const DrawView& view, Offset at) {
-    return view.worldToView(view.viewTarget.pos.x + at.x, view.viewTarget.pos.y + at.y);
-}
-
-bool isInView(const DrawView& view, ViewPoint p) {
-    return p.x >= 0 && p.y >= 0 && p.x <= view.viewWidth && p.y <= view.viewHeight;
-}
-
-void drawPath(Canvas& canvas, const DrawView& view, const NavAids& aids) {
-    Path path;
-    auto line = clippedIn(view, path);
-    ViewPoint last{};
-    for (std::size_t i = 0; i < aids.path.size(); ++i) {
-        const ViewPoint p = place(view, aids.path[i]);
-        // Points closer than a point apart add nothing to the picture; the last one always counts.
-        if (i > 0 && i + 1 < aids.path.size() && std::abs(p.x - last.x) < 1.0 &&
-            std::abs(p.y - last.y) < 1.0)
-            continue;
-        line.add({p.x, p.y});
-        last = p;
-    }
-    if (!path.elements.empty())
-        canvas.strokePath(path, kPathColor);
-}
-
-// A circle as a clipped polygon: of a huge circle only the arc the view can see is traced, finely
-// enough that it stays within a point of the true curve.
-void drawCircle(Canvas& canvas, const DrawView& view, ViewPoint c, double r, const Color& color) {
-    if (!(r > 0.5) || !std::isfinite(r))
-        return;
-    const double w = view.viewWidth;
-    const double h = view.viewHeight;
-    const double nearX = std::clamp(c.x, 0.0, w) - c.x;
-    const double nearY = std::clamp(c.y, 0.0, h) - c.y;
-    const double farX = std::max(std::abs(c.x), std::abs(c.x - w));
-    const double farY = std::max(std::abs(c.y), std::abs(c.y - h));
-    // The view wholly inside or wholly outside the circle: nothing of it shows.
-    if (std::hypot(nearX, nearY) > r + kMargin || std::hypot(farX, farY) < r - kMargin)
-        return;
-    double from = 0.0;
-    double span = 2 * kPi;
-    if (!isInView(view, c)) {
-        // Seen from outside, the view lies within the angles of its corners.
-        const double towards = std::atan2(h / 2 - c.y, w / 2 - c.x);
-        double lo = 0.0;
-        double hi = 0.0;
-        for (const ViewPoint corner :
-             {ViewPoint{0, 0}, ViewPoint{w, 0}, ViewPoint{0, h}, ViewPoint{w, h}}) {
-            double a = std::atan2(corner.y - c.y, corner.x - c.x) - towards;
-            a = std::remainder(a, 2 * kPi);
-            lo = std::min(lo, a);
-            hi = std::max(hi, a);
-        }
-        from = towards + lo - 0.01;
-        span = hi - lo + 0.02;
-    }
-    // Chords short enough to stay within a quarter point of the arc.
-    const double step = std::max(2 * std::sqrt(0.5 / r), 1e-6);
-    const int count = std::clamp(static_cast<int>(span / step) + 1, 24, 2000);
-    Path path;
-    auto line = clippedIn(view, path);
-    for (int i = 0; i <= count; ++i) {
-        const double a = from + span * i / count;
-        line.add({c.x + r * std::cos(a), c.y + r * std::sin(a)});
-    }
-    if (!path.elements.empty())
-        canvas.strokePath(path, color);
-}
-
-// A mark's name beside it, left out where the display writes (the columns at the top, the scale
-// along the bottom, the fuel gauge): the lines under the left column, in the marks' colours, say
-// the same.
-void drawLabel(Canvas& canvas, const DrawView& view, ViewPoint p, const std::string& text) {
-    const double x = p.x + 7;
-    const double y = p.y + 3;
-    if (y < 36 || y + 14 > view.viewHeight - 150 || x + 60 > view.viewWidth - 30)
-        return;
-    canvas.drawText(text, toPoint(x, y), kMarkStyle);
-}
-
-// A small diamond on the path, named.
-void drawDiamond(Canvas& canvas, const DrawView& view, const NavMark& mark, const Color& color,
-                 const std::string& label) {
-    const ViewPoint p = place(view, mark.at);
-    if (!isInView(view, p))
-        return;
-    Path diamond;
-    diamond.moveTo(toPoint(p.x, p.y + 5));
-    diamond.lineTo(toPoint(p.x + 5, p.y));
-    diamond.lineTo(toPoint(p.x, p.y - 5));
-    diamond.lineTo(toPoint(p.x - 5, p.y));
-    canvas.fillPath(diamond, color);
-    drawLabel(canvas, view, p, label);
-}
-
-void drawCross(Canvas& canvas, ViewPoint p, double r, const Color& color) {
-    Path cross;
-    cross.moveTo(toPoint(p.x - r, p.y - r));
-    cross.lineTo(toPoint(p.x + r, p.y + r));
-    cross.moveTo(toPoint(p.x - r, p.y + r));
-    cross.lineTo(toPoint(p.x + r, p.y - r));
-    canvas.strokePath(cross, color);
-}
-
-void drawRing(Canvas& canvas, ViewPoint p, double r, const Color& color) {
-    Path ring;
-    ring.addOval(toRect(p.x - r, p.y - r, 2 * r, 2 * r));
-    canvas.strokePath(ring, color);
-}
-
-// Ahead of the craft a ring with a dot (the way it moves), behind it a ring with a cross.
-void drawMotion(Canvas& canvas, const DrawView& view, const NavAids& aids) {
-    if (!aids.hasMotion)
-        return;
-    const ViewPoint c = place(view, aids.craft);
-    const ViewPoint ahead{c.x + aids.motion.x * kMotionReach, c.y + aids.motion.y * kMotionReach};
-    const ViewPoint behind{c.x - aids.motion.x * kMotionReach, c.y - aids.motion.y * kMotionReach};
-    drawRing(canvas, ahead, 5, kMotionColor);
-    Path dot;
-    dot.addOval(toRect(ahead.x - 1.5, ahead.y - 1.5, 3, 3));
-    canvas.fillPath(dot, kMotionColor);
-    drawRing(canvas, behind, 5, kMotionColor);
-    drawCross(canvas, behind, 3.5, kMotionColor);
-}
 
 std::string inHowLong(double time) {
     return time >= 0 ? " in " + formatTime(time) : "";
 }
 
-// The aids' own lines, under the display's left column and in its rhythm of 12 points.
-void drawNotes(Canvas& canvas, const DrawView& view, const NavAids& aids) {
-    // Each line in the colour of its mark on the path, so the text is the marks' legend.
+// A name in the middle of a sentence: "The Moon" reads "the Moon", the craft "you".
+std::string inSentence(const char* name) {
+    std::string s = name;
+    if (s == "You")
+        return "you";
+    if (s.rfind("The ", 0) == 0)
+        s[0] = 't';
+    return s;
+}
+
+std::string speedText(double speed) {
+    return formatVelDiff(Position(0, 0, speed, 0), Position());
+}
+
+// The aids' own lines, under the display's left column and in its rhythm of 12 points. Each line
+// is in the colour of its mark, so the text is the marks' legend. The lines are held clear of
+// the labels.
+void drawNotes(Scene& s) {
+    const NavAids& aids = s.aids;
     std::vector<std::pair<std::string, Color>> lines;
     const Color plain = kAidStyle.color;
     if (aids.hasOrbit) {
+        const char* body = *aids.orbitBody != '\0' ? aids.orbitBody : s.view.viewTarget.name;
         const std::string around =
             *aids.orbitBody != '\0' ? std::string(" (") + aids.orbitBody + ")" : "";
         if (aids.isEscaping)
@@ -187,9 +66,15 @@ void drawNotes(Canvas& canvas, const DrawView& view, const NavAids& aids) {
             lines.emplace_back("High" + around + ": " + formatDist(aids.high.value) +
                                    (aids.isCircular ? "" : inHowLong(aids.high.time)),
                                kHighColor);
-        lines.emplace_back("Low" + around + ": " + formatDist(aids.low.value) +
-                               (aids.isCircular ? "" : inHowLong(aids.low.time)),
-                           kLowColor);
+        // A low point under the ground is never reached: the craft hits the ground first.
+        if (aids.low.value < 0)
+            lines.emplace_back("Low" + around + ": below the surface of " +
+                                   inSentence(body != nullptr ? body : "the body"),
+                               kLowColor);
+        else
+            lines.emplace_back("Low" + around + ": " + formatDist(aids.low.value) +
+                                   (aids.isCircular ? "" : inHowLong(aids.low.time)),
+                               kLowColor);
     }
     if (aids.hasZone) {
         const std::string outer = formatDist(aids.zoneOuter - aids.zoneSurface);
@@ -199,21 +84,107 @@ void drawNotes(Canvas& canvas, const DrawView& view, const NavAids& aids) {
                                : "Zone: under " + outer + " from " + aids.zoneBody,
                            plain);
     }
-    if (aids.approach.isShown)
-        lines.emplace_back(std::string("Closest to ") + aids.approach.name + ": " +
-                               formatDist(aids.approach.value) + inHowLong(aids.approach.time),
+    const NavApproach& approach = aids.approach;
+    if (approach.isShown)
+        lines.emplace_back(std::string("Closest to ") + approach.name + ": " +
+                               (approach.isBeyondPath
+                                    ? std::string("beyond the path")
+                                    : formatDist(approach.value) + inHowLong(approach.time) +
+                                          " at " + speedText(approach.speed)),
                            kTargetColor);
     if (aids.impact.isShown)
         lines.emplace_back(std::string("Impact on ") + aids.impact.name +
                                inHowLong(aids.impact.time),
                            kImpactColor);
-    double y = view.viewHeight - 94;
-    for (const auto& [line, color] : lines) {
-        TextStyle style = kAidStyle;
-        style.color = color;
-        canvas.drawText(line, toPoint(10, y), style);
-        y -= 12;
+    if (aids.isCutShort && !aids.path.empty())
+        lines.emplace_back("Path cut short: it ends in " + formatTime(aids.pathTime), kPathColor);
+    if (aids.phase.isShown) {
+        const NavPhase& p = aids.phase;
+        lines.emplace_back(std::string(p.aheadName) + " ahead of " + inSentence(p.behindName) +
+                               " round " + inSentence(p.centreName) + ": " +
+                               std::to_string(std::lround(p.angle * 180 / kPi)) + "\u00b0",
+                           kPhaseColor);
     }
+    if (lines.empty())
+        return;
+    double widest = 0;
+    for (const auto& line : lines)
+        widest = std::max(widest,
+                          static_cast<double>(s.canvas.measureText(line.first, kAidStyle).width));
+    const double below = 12.0 * static_cast<double>(lines.size() - 1);
+    // Under the left column; over the scale bar instead while the craft and its marks are there.
+    double top = s.view.viewHeight - 94;
+    const Box aroundCraft = boxAround(s.craft, s.reach.nose + 30);
+    if (s.isCraftInView && aroundCraft.overlaps({0, top - below - 2, 12 + widest, top + 14}) &&
+        !aroundCraft.overlaps({0, 58, 12 + widest, 74 + below}))
+        top = 62 + below;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        TextStyle style = kAidStyle;
+        style.color = lines[i].second;
+        s.canvas.drawText(lines[i].first, toPoint(10, top - 12.0 * static_cast<double>(i)), style);
+    }
+    s.placer.hold({0, top - below - 2, 12 + widest, top + 14}, true);
+}
+
+// A mark on the path, named.
+void drawNamedMark(Scene& s, const NavMark& mark, const Color& color, const char* name,
+                   bool isCross) {
+    const ViewPoint p = place(s.view, mark.at);
+    if (!s.isShown(p))
+        return;
+    if (isCross)
+        drawCross(s.canvas, p, 5, color);
+    else
+        drawDiamond(s.canvas, p, 5, color);
+    s.placer.hold(boxAround(p, 5));
+    s.labels.push_back({name, p, 5});
+}
+
+// The closest approach: a cross on the path, a dashed ring where the target will be then and a
+// line between them. Nothing of it is drawn when the closest lies beyond the path: its end is
+// marked instead.
+void drawApproach(Scene& s) {
+    const NavApproach& approach = s.aids.approach;
+    if (!approach.isShown || approach.isBeyondPath)
+        return;
+    const ViewPoint p = place(s.view, approach.at);
+    const ViewPoint ghost = place(s.view, approach.bodyThen);
+    const bool isCrossShown = s.isShown(p);
+    // A ghost on the target itself adds nothing: the approach is now.
+    const bool isGhostShown =
+        !s.isOnCraft(ghost) &&
+        !(s.aids.hasTarget && distance(ghost, place(s.view, s.aids.target)) < 6);
+    if (isCrossShown && isGhostShown && distance(p, ghost) > 20) {
+        const double a = std::atan2(ghost.y - p.y, ghost.x - p.x);
+        drawLine(s.canvas, s.view, along(p, a, 6), along(ghost, a + kPi, 11), kGhostColor);
+    }
+    if (isGhostShown && isInView(s.view, ghost)) {
+        drawDashedRing(s.canvas, ghost, 10, kGhostColor);
+        s.placer.hold(boxAround(ghost, 10));
+        s.labels.push_back({std::string(approach.name) + " then", ghost, 10});
+    }
+    if (isCrossShown) {
+        drawCross(s.canvas, p, 4, kTargetColor);
+        s.placer.hold(boxAround(p, 5));
+        s.labels.push_back({"Closest", p, 5});
+    }
+}
+
+// A bar across the end of a path cut short.
+void drawPathEnd(Scene& s) {
+    const std::vector<Offset>& path = s.aids.path;
+    if (!s.aids.isCutShort || path.size() < 2)
+        return;
+    const ViewPoint end = place(s.view, path.back());
+    if (!s.isShown(end))
+        return;
+    ViewPoint before = end;
+    for (auto i = path.size() - 1; i-- > 0 && distance(before, end) < 1;)
+        before = place(s.view, path[i]);
+    const double across = std::atan2(end.y - before.y, end.x - before.x) + kPi / 2;
+    drawLine(s.canvas, s.view, along(end, across, 7), along(end, across, -7), kPathColor);
+    s.placer.hold(boxAround(end, 6));
+    s.labels.push_back({"path ends", end, 6});
 }
 
 } // namespace
@@ -222,35 +193,50 @@ void drawNavAids(const DrawView& view, const NavAids& aids) {
     Canvas* canvas = currentCanvas();
     if (canvas == nullptr)
         return;
+    const ViewPoint craft = place(view, aids.craft);
+    Scene s{*canvas,
+            view,
+            aids,
+            craft,
+            craftReach(view),
+            isInView(view, craft),
+            LabelPlacer(*canvas, view),
+            {}};
+    s.placer.holdDisplay();
+    if (s.isCraftInView)
+        s.placer.hold(boxAround(craft, s.reach.clear), true);
+    drawNotes(s);
     if (aids.hasZone) {
         const ViewPoint c = place(view, aids.zoneCentre);
         drawCircle(*canvas, view, c, view.lengthToView(aids.zoneInner), kZoneColor);
         drawCircle(*canvas, view, c, view.lengthToView(aids.zoneOuter), kZoneColor);
     }
-    drawPath(*canvas, view, aids);
-    if (aids.hasOrbit && !aids.isCircular) {
-        if (!aids.isEscaping)
-            drawDiamond(*canvas, view, aids.high, kHighColor, "High");
-        drawDiamond(*canvas, view, aids.low, kLowColor, "Low");
-    }
-    if (aids.hasTarget)
-        drawRing(*canvas, place(view, aids.target), 10, kTargetColor);
-    if (aids.approach.isShown) {
-        const ViewPoint p = place(view, aids.approach.at);
-        if (isInView(view, p)) {
-            drawCross(*canvas, p, 4, kTargetColor);
-            drawLabel(*canvas, view, p, "Closest");
+    drawPath(*canvas, view, aids.path);
+    drawPhase(*canvas, view, aids, s.placer, s.labels);
+    if (aids.hasTarget) {
+        const ViewPoint target = place(view, aids.target);
+        if (!s.isOnCraft(target)) {
+            drawRing(*canvas, target, 10, kTargetColor);
+            s.placer.hold(boxAround(target, 10));
         }
     }
-    if (aids.impact.isShown) {
-        const ViewPoint p = place(view, aids.impact.at);
-        if (isInView(view, p)) {
-            drawCross(*canvas, p, 6, kImpactColor);
-            drawLabel(*canvas, view, p, "Impact");
-        }
+    drawApproach(s);
+    if (aids.impact.isShown)
+        drawNamedMark(s, aids.impact, kImpactColor, "Impact", true);
+    drawPathEnd(s);
+    // The low point of a path that meets the ground lies inside the body: the impact stands for it.
+    if (aids.hasOrbit && !aids.isCircular && aids.low.value >= 0)
+        drawNamedMark(s, aids.low, kLowColor, "Low", false);
+    if (aids.hasOrbit && !aids.isCircular && !aids.isEscaping)
+        drawNamedMark(s, aids.high, kHighColor, "High", false);
+    drawTargetArrow(*canvas, view, aids, s.placer, s.labels);
+    if (s.isCraftInView) {
+        drawMotion(*canvas, aids, craft, s.reach, s.placer);
+        drawSun(*canvas, view, aids, craft, s.reach, s.placer, s.labels);
+        drawHeading(*canvas, aids, craft, s.reach, s.placer);
     }
-    drawMotion(*canvas, view, aids);
-    drawNotes(*canvas, view, aids);
+    for (const Label& label : s.labels)
+        s.placer.put(label);
 }
 
 } // namespace apsis

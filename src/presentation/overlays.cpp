@@ -27,14 +27,14 @@ void DrawView::drawPlay(Game& game) {
 
     // The warnings show whether or not the world runs; neither ends the attempt.
     if (game.player.fuel <= 0)
-        drawCentredText(*canvas, " Out Of Fuel ", kBannerStyle, w / 2, h * 5 / 8 + 20);
+        drawNotice(*canvas, " Out Of Fuel ", kBannerStyle, w / 2, h * 5 / 8 + 20);
     if (game.timeLimit != 0 && game.elapsedTime > game.timeLimit)
-        drawCentredText(*canvas, " Time Limit Exceeded ", kBannerStyle, w / 2, h * 5 / 8);
+        drawNotice(*canvas, " Time Limit Exceeded ", kBannerStyle, w / 2, h * 5 / 8);
 
     if (!game.running) {
-        drawCentredText(*canvas, " Spacebar to Continue ", kPromptStyle, w / 2, h * 0.6, true);
-        drawCentredText(*canvas, "Tab to Restart Level\nEscape to Abort Game", kHintStyle, w / 2,
-                        h * 0.4, true);
+        drawNotice(*canvas, " Spacebar to Continue ", kPromptStyle, w / 2, h * 0.6, true);
+        drawNotice(*canvas, "Tab to Restart Level\nEscape to Abort Game", kHintStyle, w / 2,
+                   h * 0.4, true);
     }
 }
 
@@ -51,8 +51,8 @@ void DrawView::drawCountDown(double t, Game& game) {
     if (canvas == nullptr)
         return;
     drawPlay(game);
-    drawCentredText(*canvas, "Maintain orbit for " + formatTime(t), kCountDownStyle, viewWidth / 2,
-                    viewHeight * 3 / 4);
+    drawNotice(*canvas, "Maintain orbit for " + formatTime(t), kCountDownStyle, viewWidth / 2,
+               viewHeight * 3 / 4);
 }
 
 void DrawView::drawCollisionText(Game& game) {
@@ -62,6 +62,14 @@ void DrawView::drawCollisionText(Game& game) {
     // The followed body is not refreshed after the crash, so the speed stays the one of impact.
     drawCentredText(*canvas, "Collision at " + formatVelDiff(game.player.pos, viewTarget.pos),
                     kCollisionStyle, viewWidth / 2, viewHeight / 2);
+}
+
+void DrawView::drawNotice(Canvas& canvas, const std::string& text, const TextStyle& style,
+                          double centreX, double y, bool aroundMiddle) {
+    const Size size = drawCentredText(canvas, text, style, centreX, y, aroundMiddle);
+    const double bottom = aroundMiddle ? y - static_cast<double>(size.height) / 2 : y;
+    textsDrawn.push_back(toRect(centreX - static_cast<double>(size.width) / 2, bottom,
+                                static_cast<double>(size.width), static_cast<double>(size.height)));
 }
 
 } // namespace apsis

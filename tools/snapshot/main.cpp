@@ -1,4 +1,4 @@
-// apsis_snapshot OUT_DIR [WIDTHxHEIGHT]
+// apsis_snapshot OUT_DIR [WIDTHxHEIGHT [NAME_PART]]
 //
 // Renders every screen a player meets into OUT_DIR, one PNG each, through the same canvas as the
 // game's window but offscreen: a way to look at all of the game's pictures in a minute.
@@ -20,9 +20,9 @@
 namespace {
 
 int usage() {
-    std::fprintf(stderr,
-                 "usage: apsis_snapshot OUT_DIR [WIDTHxHEIGHT]\n"
-                 "Renders every screen of the game to OUT_DIR as PNG (default 1280x800).\n");
+    std::fprintf(stderr, "usage: apsis_snapshot OUT_DIR [WIDTHxHEIGHT [NAME_PART]]\n"
+                         "Renders every screen of the game to OUT_DIR as PNG (default 1280x800),\n"
+                         "or only those whose name contains NAME_PART.\n");
     return 2;
 }
 
@@ -40,10 +40,10 @@ QImage render(apsis::Controller& controller, QSize size) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2 || argc > 3)
+    if (argc < 2 || argc > 4)
         return usage();
     QSize size(1280, 800);
-    if (argc == 3) {
+    if (argc >= 3) {
         const auto match = QRegularExpression("^(\\d{1,5})x(\\d{1,5})$").match(argv[2]);
         if (!match.hasMatch())
             return usage();
@@ -71,7 +71,10 @@ int main(int argc, char** argv) {
     apsis::installResources(std::make_unique<apsis::QtResources>(folder));
 
     int failures = 0;
+    const std::string part = argc > 3 ? argv[3] : "";
     for (const apsis::Scene& scene : apsis::scenes()) {
+        if (scene.name.find(part) == std::string::npos)
+            continue;
         auto controller = std::make_unique<apsis::Controller>();
         scene.play(*controller);
         if (controller->isShowingNavAids) {

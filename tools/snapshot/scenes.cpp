@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace apsis {
 namespace {
@@ -192,6 +193,40 @@ std::vector<Scene> scenes() {
         flyWithAids(c, 7, 7, 3);
         c.isCountingDown = true;
         c.countDownTime = 86399.5;
+    });
+    add("19-aids-heading-turning", [](Controller& c) {
+        flyWithAids(c, 4, 4, 10);
+        // Let go after a short turn: the nose is still on its way.
+        c.keyDown(kKeyLeft);
+        tick(c, 8);
+        c.keyUp(kKeyLeft);
+        // The camera on the craft, 400 km across.
+        c.drawView.viewScale = 4.0e5;
+        c.drawView.viewCenter.x = c.game.player.pos.x;
+        c.drawView.viewCenter.y = c.game.player.pos.y;
+    });
+    add("19-aids-level4-approach", [](Controller& c) { flyWithAids(c, 4, 4, 10); });
+    add("19-aids-level3-goal-out-of-sight", [](Controller& c) {
+        flyWithAids(c, 3, 3, 10);
+        c.drawView.viewScale = 1.0e8;
+    });
+    // The angle each briefing asks for, seen wide enough to hold its bodies.
+    for (const std::pair<int, double>& phase : {std::pair{5, 2.0e8}, {6, 1.2e9}, {7, 8e11}}) {
+        add("19-aids-level" + std::to_string(phase.first) + "-phase", [phase](Controller& c) {
+            flyWithAids(c, phase.first, static_cast<unsigned>(phase.first), 10);
+            c.drawView.viewScale = phase.second;
+        });
+    }
+    add("19-aids-crowding-the-read-outs", [](Controller& c) {
+        fly(c, 2, 2, 3);
+        const Position& p = c.game.player.pos;
+        const Position& e = c.game.earth.pos;
+        burnThenShowAids(c, balance(std::atan2(p.vy - e.vy, p.vx - e.vx) + kPi), 80, 300);
+        // The camera moved so that the craft and its marks stand just under the left column.
+        c.drawView.viewScale = 1.5e7;
+        c.drawView.viewCenter.x = c.game.player.pos.x + 0.33 * c.drawView.viewScale;
+        c.drawView.viewCenter.y = c.game.player.pos.y - 0.21 * c.drawView.viewScale;
+        press(c, kKeySpace);
     });
     return all;
 }

@@ -1,0 +1,296 @@
+#include "physics/numeric.h"
+#include "presentation/format.h"
+#include "presentation/nav_parts.h"
+#include "support/draw_harness.h"
+
+#include <cmath>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace apsis {
+namespace {
+
+using RC = RecordingCanvas;
+using nav::Box;
+
+const double kW = 1280;
+const double kH = 800;
+
+// A flight frame with the aids drawn over it: the display's calls first, the aids' after.
+struct AidsFrame {
+    DrawHarness h{{1280.0f, 800.0f}};
+    NavAids aids;
+    std::size_t firstAidCall = 0;
+
+    // The offset from the followed body, in the middle of the view, of a point of the view.
+    Offset at(double x, double y) const {
+        const DrawView& v = h.view;
+        return {(x / v.viewWidth - 0.5) * v.viewScale, (y / v.viewHeight - 0.5) * v.viewScaleH};
+    }
+    void draw() {
+        h.view.drawPlay(h.game);
+        firstAidCall = h.canvas.calls.size();
+        drawNavAids(h.view, aids);
+    }
+    std::vector<const RC::Call*> calls(bool ofAids) const {
+        std::vector<const RC::Call*> out;
+        for (std::size_t i = ofAids ? firstAidCall : 0;
+             i < (ofAids ? h.canvas.calls.size() : firstAidCall); ++i)
+            out.push_back(&h.canvas.calls[i]);
+        return out;
+    }
+    // The display writes none of the aids' texts.
+    bool hasAidText(const std::string& text, bool prefix = false) const {
+        return h.canvas.findText(text, prefix) != nullptr;
+    }
+};
+
+Box boxOf(const RC::Call& c) {
+    if (c.op == RC::Op::FillRect)
+        return {c.rect.x, c.rect.y, c.rect.x + c.rect.width, c.rect.y + c.rect.height};
+    // A text's box without the leading between lines: rows 12 points apart in 12-point type,
+    // as the display writes them, touch but do not overlap.
+    const Size s = RC::textSize(c.text, c.style.size);
+    return {c.at.x, c.at.y, c.at.x + s.width, c.at.y + c.style.size};
+}
+
+// A craft with its motion and heading, a path from it, and a satellite to reach.
+NavAids craftAt(const AidsFrame& f, double x, double y) {
+    NavAids a;
+    a.craft = f.at(x, y);
+    a.hasMotion = true;
+    a.motion = {1, 0};
+    a.nose = 0.5;
+    a.noseSettles = 1.2;
+    a.isTurning = true;
+    a.sun = f.at(-5000, y);
+    for (int i = 0; i <= 20; ++i)
+        a.path.push_back(f.at(x + 12.0 * i, y - 3.0 * i));
+    a.isCutShort = true;
+    a.pathTime = 3600;
+    a.hasOrbit = true;
+    a.high = {true, f.at(x + 40, y - 10), 2e6, 900, ""};
+    a.low = {true, f.at(x + 20, y + 14), 3e5, 300, ""};
+    a.hasTarget = true;
+    a.targetName = "Satellite";
+    a.targetGap = 12345;
+    a.target = f.at(x + 60, y + 20);
+    a.approach = {{true, f.at(x + 30, y + 4), 1234, 600, "Satellite"}, f.at(x + 90, y + 40), 7.5};
+    return a;
+}
+
+// In busy scenes every label stands clear of the others, of the display's read-outs, of the
+// notices over the view and of the craft, and none of the marks' labels is left out; no mark
+// but the path and the heading comes near the craft.
+TEST(NavAidsDrawing, LabelsStandClearInBusyScenes) {
+    struct Case {
+        const char* name;
+        double x, y; // the craft, view points
+        std::function<void(AidsFrame&)> more;
+        std::vector<std::string> labels;
+    };
+    const Case cases[] = {
+        {"under the left column",
+         60,
+         kH - 110,
+         nullptr,
+         {"High", "Low", "Closest", "path ends", "Sun", "Satellite then"}},
+        {"under the right column", kW - 70, kH - 105, nullptr, {"High", "Low", "Closest", "Sun"}},
+        {"on the scale bar", 300, 40, nullptr, {"High", "Low", "Closest", "Sun"}},
+        {"approach on the craft",
+         640,
+         400,
+         [](AidsFrame& f) {
+             f.aids.approach.at = f.at(642, 401);
+             f.aids.approach.bodyThen = f.at(641, 403);
+             f.aids.target = f.at(641, 402);
+             f.aids.low.at = f.at(644, 398);
+         },
+         {"High", "path ends", "Sun"}},
+        {"crowded and paused",
+         640,
+         470,
+         [](AidsFrame& f) {
+             f.h.game.running = false;
+             f.aids.impact = {true, f.at(655, 470), 0, 800, "Earth"};
+             f.aids.target = f.at(-300, 900);
+             f.aids.phase = {true, f.at(600, 430), f.at(640, 470), f.at(560, 470),
+                             1.5,  "The Moon",     "You",          "Earth"};
+         },
+         {"High", "Low", "Closest", "Impact", "path ends", "Sun", "86\u00b0"}},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.name);
+        AidsFrame f;
+        f.aids = craftAt(f, test.x, test.y);
+        if (test.more)
+            test.more(f);
+        f.draw();
+        std::vector<const RC::Call*> held;
+        for (const RC::Call* c : f.calls(false)) {
+            if (c->op == RC::Op::DrawText || c->op == RC::Op::FillRect)
+                held.push_back(c);
+        }
+        const ViewPoint craft = nav::place(f.h.view, f.aids.craft);
+        const Box craftBox = nav::boxAround(craft, 10);
+        const Box scaleBar{40, 10, kW - 40, 20};
+        std::vector<const RC::Call*> texts;
+        for (const RC::Call* c : f.calls(true)) {
+            if (c->op == RC::Op::DrawText) {
+                const Box b = boxOf(*c);
+                EXPECT_FALSE(b.overlaps(craftBox)) << c->text;
+                EXPECT_FALSE(b.overlaps(scaleBar)) << c->text;
+                EXPECT_TRUE(b.left >= 0 && b.bottom >= 0 && b.right <= kW && b.top <= kH)
+                    << c->text;
+                for (const RC::Call* other : held) {
+                    const bool isBackground = other->op == RC::Op::FillRect &&
+                                              static_cast<double>(other->rect.width) >= kW &&
+                                              static_cast<double>(other->rect.height) >= kH;
+                    EXPECT_TRUE(isBackground || !b.overlaps(boxOf(*other)))
+                        << c->text << " on " << other->text;
+                }
+                for (const RC::Call* other : texts)
+                    EXPECT_FALSE(b.overlaps(boxOf(*other))) << c->text << " on " << other->text;
+                texts.push_back(c);
+                continue;
+            }
+            if (c->color == nav::kPathColor || c->color == nav::kNoseColor)
+                continue;
+            for (const Path::Element& e : c->path.elements) {
+                const double x = static_cast<double>(e.rect.x + e.rect.width / 2);
+                const double y = static_cast<double>(e.rect.y + e.rect.height / 2);
+                EXPECT_GT(std::hypot(x - craft.x, y - craft.y), 8.0) << "a mark on the craft";
+            }
+        }
+        for (const std::string& label : test.labels)
+            EXPECT_TRUE(f.hasAidText(label)) << label;
+        EXPECT_TRUE(f.hasAidText("Closest to Satellite: ", true));
+    }
+}
+
+// The nose line leaves the craft the way the nose points, long enough to read at any zoom; while
+// the craft still turns, an open head marks where the nose comes to rest.
+TEST(NavAidsDrawing, NoseLineAndWhereItSettles) {
+    for (const double nose : {0.0, 1.0, 2.5, 4.0, 5.5}) {
+        for (const double zoom : {2e2, 1e9}) {
+            AidsFrame f;
+            f.h.view.viewScale = zoom;
+            f.h.view.initSizes();
+            f.aids.craft = f.at(500, 300);
+            f.aids.nose = nose;
+            f.aids.noseSettles = nose + 0.9;
+            f.aids.isTurning = zoom > 1e3;
+            f.draw();
+            int lines = 0, heads = 0;
+            for (const RC::Call* c : f.calls(true)) {
+                if (c->color != nav::kNoseColor)
+                    continue;
+                const auto& points = c->path.elements;
+                const ViewPoint first{points.front().rect.x, points.front().rect.y};
+                const ViewPoint last{points.back().rect.x, points.back().rect.y};
+                const auto towards = [](ViewPoint p) { return std::atan2(p.y - 300, p.x - 500); };
+                if (c->op == RC::Op::StrokePath && points.size() == 2) { // the line
+                    EXPECT_NEAR(std::remainder(towards(last) - nose, kTwoPi), 0, 1e-4);
+                    EXPECT_GE(std::hypot(last.x - 500, last.y - 300), 30.0);
+                    ++lines;
+                } else if (c->op == RC::Op::StrokePath) { // the open head, from its tip
+                    EXPECT_NEAR(std::remainder(towards(first) - (nose + 0.9), kTwoPi), 0, 1e-4);
+                    ++heads;
+                }
+            }
+            EXPECT_EQ(lines, 1) << nose;
+            EXPECT_EQ(heads, f.aids.isTurning ? 1 : 0) << nose;
+        }
+    }
+}
+
+// A target out of sight gets an arrow at the edge of the view, the way it lies from the middle,
+// with its name and distance beside it; read-outs push it in along the same line.
+TEST(NavAidsDrawing, ArrowAtTheEdgeTowardsATargetOutOfSight) {
+    const ViewPoint targets[] = {{-900, 400}, {-820, 1400}, {2000, -300}, {640, 5000}, {1500, 420}};
+    for (const ViewPoint& t : targets) {
+        SCOPED_TRACE(testing::Message() << t.x << "," << t.y);
+        AidsFrame f;
+        f.aids.craft = f.at(640, 400);
+        f.aids.hasTarget = true;
+        f.aids.target = f.at(t.x, t.y);
+        f.aids.targetName = "Mars";
+        f.aids.targetGap = 7.5e10;
+        f.draw();
+        const RC::Call* arrow = nullptr;
+        for (const RC::Call* c : f.calls(true)) {
+            if (c->op == RC::Op::FillPath && c->color == nav::kTargetColor)
+                arrow = c;
+        }
+        ASSERT_NE(arrow, nullptr);
+        const ViewPoint tip{arrow->path.elements.front().rect.x,
+                            arrow->path.elements.front().rect.y};
+        EXPECT_TRUE(tip.x > 0 && tip.x < kW && tip.y > 0 && tip.y < kH);
+        for (const RC::Call* c : f.calls(false)) {
+            EXPECT_FALSE(c->op == RC::Op::DrawText && boxOf(*c).contains(tip)) << c->text;
+        }
+        EXPECT_NEAR(
+            std::remainder(std::atan2(tip.y - 400, tip.x - 640) - std::atan2(t.y - 400, t.x - 640),
+                           kTwoPi),
+            0, 1e-3);
+        EXPECT_TRUE(f.hasAidText("Mars " + formatDist(7.5e10)));
+    }
+}
+
+// The notes say in words what a number would get wrong, and what they cannot know yet.
+TEST(NavAidsDrawing, NotesInPlainWords) {
+    struct Case {
+        std::function<void(NavAids&)> set;
+        std::string line;
+        std::string absent;
+    };
+    const Case cases[] = {
+        {[](NavAids& a) { a.low.value = -113479.7; }, "Low: below the surface of Earth", "Low"},
+        {[](NavAids& a) {
+             a.low.value = -5;
+             a.orbitBody = "The Moon";
+         },
+         "Low (The Moon): below the surface of the Moon", "Low"},
+        {[](NavAids& a) { a.low.value = 250; }, "Low: " + formatDist(250) + " in " + formatTime(90),
+         ""},
+        {[](NavAids& a) {
+             a.approach = {{true, {}, 0, 0, "Mars"}, {}, 0, true};
+         },
+         "Closest to Mars: beyond the path", "Closest"},
+        {[](NavAids& a) {
+             a.approach = {{true, {}, 1234, 600, "Satellite"}, {}, 7.5, false};
+         },
+         "Closest to Satellite: " + formatDist(1234) + " in " + formatTime(600) + " at 7.50m/s",
+         ""},
+        {[](NavAids& a) { a.phase = {true, {}, {}, {}, 2.0944, "The Moon", "You", "Earth"}; },
+         "The Moon ahead of you round Earth: 120\u00b0", ""},
+        {[](NavAids& a) { a.phase = {true, {}, {}, {}, 0.7854, "Mars", "Earth", "The Sun"}; },
+         "Mars ahead of Earth round the Sun: 45\u00b0", ""},
+        {[](NavAids& a) { a.pathTime = 2 * 86400; },
+         "Path cut short: it ends in " + formatTime(2 * 86400), ""},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.line);
+        AidsFrame f;
+        f.aids.craft = f.at(300, 300);
+        f.aids.hasOrbit = true;
+        f.aids.low = {true, f.at(700, 300), 0, 90, ""};
+        f.aids.high = {true, f.at(100, 300), 1e6, 900, ""};
+        test.set(f.aids);
+        f.aids.isCutShort = f.aids.pathTime > 0;
+        if (f.aids.isCutShort)
+            f.aids.path = {f.at(300, 300), f.at(400, 320)};
+        f.draw();
+        EXPECT_TRUE(f.hasAidText(test.line));
+        if (!test.absent.empty()) {
+            EXPECT_FALSE(f.hasAidText(test.absent)) << "a mark for what is not there";
+        }
+        for (const RC::Call* c : f.calls(true))
+            EXPECT_EQ(c->text.find('-'), std::string::npos) << c->text;
+    }
+}
+
+} // namespace
+} // namespace apsis
