@@ -66,7 +66,7 @@ bool PathFinder::Horizon::check(const std::vector<PathSample>& samples, int cent
             isPassed = true;
         }
     }
-    return std::abs(turn) >= kTwoPi && (goal < 0 || isPassed);
+    return std::abs(turn) >= kTurnsAhead * kTwoPi && (goal < 0 || isPassed);
 }
 
 bool PathFinder::hits(const Game& world) {

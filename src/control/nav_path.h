@@ -45,14 +45,18 @@ struct PathResult {
 };
 
 // Looks ahead from one request, a given number of world steps at a time, so that the work can be
-// spread over ticks or done on a thread of its own. The path reaches one whole turn round its
-// centre, or an impact, and for a goal also its closest approach; it stops short at kLongestLook.
+// spread over ticks or done on a thread of its own. The path reaches a turn and a quarter round
+// its centre, or an impact, and for a goal also its closest approach; it stops short at
+// kLongestLook.
 class PathFinder {
   public:
     static constexpr double kLongestLook = 400 * 86400.0; // s of simulated time ahead, at most
     static constexpr std::size_t kMostFineSteps = 3000;
     static constexpr std::size_t kMostCoarseSteps = 400;
     static constexpr std::size_t kLeadSteps = 30; // fine steps found before the coarse path
+    // A turn and a quarter, so that a path found again a fifth of the way along (see
+    // NavPrediction) always reaches a whole turn ahead.
+    static constexpr double kTurnsAhead = 1.25;
     static constexpr double kStepsPerTurn = 60;   // coarse steps per turn round the nearest pull
     static constexpr double kLongestStep = 86400; // s: even far out, the Moon's month in 27 steps
     static constexpr int kCoarseSubSteps = 250;   // sub-steps of a coarse step: 15,000 to a turn

@@ -62,7 +62,6 @@ void NavPrediction::request(const Game& game, int level, int centre, int goal) {
     timeStep_ = game.timeStep;
     centre_ = centre;
     goal_ = goal;
-    start_ = 0;
     ticksSinceRequest_ = 0;
     if (isThreaded_) {
         // The last path stays on screen until the first stretch of the new one comes.
@@ -70,6 +69,16 @@ void NavPrediction::request(const Game& game, int level, int centre, int goal) {
         worker_.start(std::move(ask));
     } else {
         finder_.emplace(std::move(ask));
+        isCurrent_ = true;
+        start_ = 0;
+    }
+}
+
+void NavPrediction::takeLatest() {
+    if (auto latest = worker_.latest()) {
+        if (!isCurrent_)
+            start_ = 0;
+        held_ = std::move(latest);
         isCurrent_ = true;
     }
 }
@@ -81,14 +90,10 @@ const PathResult* NavPrediction::found() const {
 void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveDone,
                            const Stellar& followed) {
     ++ticksSinceRequest_;
-    if (isThreaded_) {
-        if (auto latest = worker_.latest()) {
-            held_ = std::move(latest);
-            isCurrent_ = true;
-        }
-    } else if (finder_) {
+    if (isThreaded_)
+        takeLatest();
+    else if (finder_)
         finder_->advance(kStepsPerTick);
-    }
     const int centre = orbitCentreOf(game, followed);
     const int goal = goalOf(game, level, isPartialObjectiveDone);
     const bool isAsked =
@@ -97,6 +102,7 @@ void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveD
     // or a later one no further on than the ticks since the path was asked for, or the path no
     // longer holds. Until those places are found it cannot tell.
     bool isLost = !isAsked;
+    bool isBehind = false;
     const PathResult* path = found();
     if (isAsked && isCurrent_ && path != nullptr) {
         const std::size_t reach =
@@ -110,6 +116,14 @@ void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveD
         }
         isLost = !follows && (path->fine.size() > reach || path->isComplete ||
                               path->fine.back().elapsed < game.elapsedTime);
+        // A fifth of the way along, the path is looked for again from here, so that it always
+        // reaches a whole turn ahead.
+        if (follows && path->isFar) {
+            const double begun = path->fine.front().elapsed;
+            const double end = std::max(path->fine.back().elapsed,
+                                        path->coarse.empty() ? begun : path->coarse.back().elapsed);
+            isBehind = game.elapsedTime - begun > 0.2 * (end - begun);
+        }
     }
     // While a key is held the path is looked for again a few times a second, not at every tick;
     // as soon as it is let go, at once.
@@ -117,17 +131,15 @@ void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveD
     const bool isHeld = craft.isTurningLeft || craft.isTurningRight || craft.isAccelerating;
     const bool isLetGo = wasHeld_ && !isHeld;
     wasHeld_ = isHeld;
-    if (isLetGo || (isLost && (!isAsked || !isHeld || ticksSinceRequest_ >= kRefreshTicks)))
+    if (isLetGo || isBehind ||
+        (isLost && (!isAsked || !isHeld || ticksSinceRequest_ >= kRefreshTicks)))
         request(game, level, centre, goal);
 }
 
 void NavPrediction::settle() {
     if (isThreaded_) {
         worker_.wait();
-        if (auto latest = worker_.latest()) {
-            held_ = std::move(latest);
-            isCurrent_ = true;
-        }
+        takeLatest();
     } else if (finder_) {
         while (finder_->advance(1000)) {
         }

@@ -43,6 +43,8 @@ class NavPrediction {
 
   private:
     void request(const Game& game, int level, int centre, int goal);
+    // Takes what the worker has found for the latest request, if anything.
+    void takeLatest();
 
     bool isThreaded_ = false;
     PathWorker worker_;
