@@ -98,9 +98,12 @@ void PathFinder::stepCoarse() {
     result_.coarse.push_back(sampleOf(coarse_));
 }
 
-bool PathFinder::advance(int steps) {
+bool PathFinder::advance(int steps, std::size_t world) {
     const double start = result_.fine.front().elapsed;
-    for (int i = 0; i < steps && !result_.isComplete; ++i) {
+    // The fine path is only worth finding a little ahead of the place the world stands at.
+    const auto isFineAhead = [&] { return result_.fine.size() > world + kFineAhead; };
+    result_.isWaiting = false;
+    for (int i = 0; i < steps && !result_.isComplete && !result_.isWaiting; ++i) {
         switch (stage_) {
         case Stage::Lead: {
             // The first stretch at the game's own step, so that the tick can follow the path at
@@ -125,7 +128,7 @@ bool PathFinder::advance(int steps) {
         case Stage::Far: {
             // The fine path keeps growing meanwhile, one step in each call, so that the world
             // never outruns it.
-            if (i == 0) {
+            if (i == 0 && !isFineAhead()) {
                 stepFine();
                 if (result_.isComplete)
                     break;
@@ -143,16 +146,19 @@ bool PathFinder::advance(int steps) {
             break;
         }
         case Stage::Fill:
-            // The fine path replaces the coarse one as far as it is found.
+            // The fine path replaces the coarse one as far as it is found, and waits for the
+            // world to move on once it is far enough ahead of it.
             if (result_.fine.back().elapsed >= result_.coarse.back().elapsed ||
                 result_.fine.size() > kMostFineSteps)
                 result_.isComplete = true;
+            else if (isFineAhead())
+                result_.isWaiting = true;
             else
                 stepFine();
             break;
         }
     }
-    return !result_.isComplete;
+    return !result_.isComplete && !result_.isWaiting;
 }
 
 } // namespace apsis

@@ -41,30 +41,34 @@ struct PathResult {
     bool isFar = false;             // the path reaches as far as it will (the fine one may still
                                     // be filling in behind)
     bool isComplete = false;        // nothing more will be found
+    bool isWaiting = false;         // all is found until the world moves on along the fine path
     bool isCutShort = false;        // it ended at a limit, before its horizon
 };
 
 // Looks ahead from one request, a given number of world steps at a time, so that the work can be
-// spread over ticks or done on a thread of its own. The path reaches a turn and a quarter round
-// its centre, or an impact, and for a goal also its closest approach; it stops short at
-// kLongestLook.
+// spread over ticks or done on a thread of its own. The path reaches two turns round its centre,
+// or an impact, and for a goal also its closest approach; it stops short at kLongestLook.
 class PathFinder {
   public:
     static constexpr double kLongestLook = 400 * 86400.0; // s of simulated time ahead, at most
     static constexpr std::size_t kMostFineSteps = 3000;
     static constexpr std::size_t kMostCoarseSteps = 400;
     static constexpr std::size_t kLeadSteps = 30; // fine steps found before the coarse path
-    // A turn and a quarter, so that a path found again a fifth of the way along (see
-    // NavPrediction) always reaches a whole turn ahead.
-    static constexpr double kTurnsAhead = 1.25;
+    static constexpr std::size_t kFineAhead = 90; // fine steps found ahead of the world: 3 s
+    static constexpr std::size_t kEverything = kMostFineSteps; // a place that asks for it all
+    // Two turns, so that a path found again half way along (see NavPrediction) always reaches a
+    // whole turn ahead, and at the highest time factors is not found again every other tick.
+    static constexpr double kTurnsAhead = 2;
     static constexpr double kStepsPerTurn = 60;   // coarse steps per turn round the nearest pull
     static constexpr double kLongestStep = 86400; // s: even far out, the Moon's month in 27 steps
     static constexpr int kCoarseSubSteps = 250;   // sub-steps of a coarse step: 15,000 to a turn
 
     explicit PathFinder(PathRequest request);
 
-    // Takes up to steps world steps; false once the path is complete.
-    bool advance(int steps);
+    // Takes up to steps world steps while the world stands at the fine path's place world (the
+    // fine path is found only kFineAhead places beyond it); false when there is nothing more to
+    // do until the world moves on, or ever.
+    bool advance(int steps, std::size_t world = kEverything);
     const PathResult& result() const { return result_; }
 
     // The coarse step for a world: a whole number of the game's steps, about kStepsPerTurn to a

@@ -93,7 +93,7 @@ void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveD
     if (isThreaded_)
         takeLatest();
     else if (finder_)
-        finder_->advance(kStepsPerTick);
+        finder_->advance(kStepsPerTick, start_);
     const int centre = orbitCentreOf(game, followed);
     const int goal = goalOf(game, level, isPartialObjectiveDone);
     const bool isAsked =
@@ -116,17 +116,19 @@ void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveD
         }
         isLost = !follows && (path->fine.size() > reach || path->isComplete ||
                               path->fine.back().elapsed < game.elapsedTime);
-        // A fifth of the way along, the path is looked for again from here, so that it always
-        // reaches a whole turn ahead.
+        // Half way along, the path is looked for again from here, so that it always reaches a
+        // whole turn ahead.
         if (follows && path->isFar) {
             const double begun = path->fine.front().elapsed;
             const double end = std::max(path->fine.back().elapsed,
                                         path->coarse.empty() ? begun : path->coarse.back().elapsed);
-            isBehind = game.elapsedTime - begun > 0.2 * (end - begun);
+            isBehind = game.elapsedTime - begun > 0.5 * (end - begun);
         }
     }
     // While a key is held the path is looked for again a few times a second, not at every tick;
     // as soon as it is let go, at once.
+    if (isThreaded_ && isCurrent_)
+        worker_.follow(start_);
     const Player& craft = game.player;
     const bool isHeld = craft.isTurningLeft || craft.isTurningRight || craft.isAccelerating;
     const bool isLetGo = wasHeld_ && !isHeld;
@@ -141,7 +143,7 @@ void NavPrediction::settle() {
         worker_.wait();
         takeLatest();
     } else if (finder_) {
-        while (finder_->advance(1000)) {
+        while (finder_->advance(1000, start_)) {
         }
     }
 }

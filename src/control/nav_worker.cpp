@@ -11,6 +11,7 @@ void PathWorker::start(PathRequest request) {
     {
         const std::lock_guard lock(mutex_);
         next_ = std::move(request);
+        world_ = 0;
         found_.reset();
         isDropped_ = true;
         isQuitting_ = false;
@@ -33,6 +34,16 @@ void PathWorker::stop() {
         thread_.join();
 }
 
+void PathWorker::follow(std::size_t place) {
+    {
+        const std::lock_guard lock(mutex_);
+        if (place == world_)
+            return;
+        world_ = place;
+    }
+    changed_.notify_all();
+}
+
 std::shared_ptr<const PathResult> PathWorker::latest() const {
     const std::lock_guard lock(mutex_);
     return found_;
@@ -41,7 +52,8 @@ std::shared_ptr<const PathResult> PathWorker::latest() const {
 void PathWorker::wait() const {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] {
-        return isQuitting_ || (!next_ && !isBusy_) || (found_ && found_->isComplete);
+        return isQuitting_ || (!next_ && !isBusy_) ||
+               (found_ && (found_->isComplete || found_->isWaiting));
     });
 }
 
@@ -56,13 +68,19 @@ void PathWorker::run() {
         isDropped_ = false;
         isBusy_ = true;
         lock.unlock();
-        bool isGoing = true;
-        while (isGoing && !isDropped_) {
-            isGoing = finder.advance(kStepsPerStretch);
+        std::size_t world = 0;
+        while (!isDropped_ && !finder.result().isComplete) {
+            const bool isGoing = finder.advance(kStepsPerStretch, world);
             auto found = std::make_shared<const PathResult>(finder.result());
-            const std::lock_guard handOver(mutex_);
+            lock.lock();
             if (!isDropped_)
                 found_ = std::move(found);
+            changed_.notify_all();
+            // Far enough ahead of the world: nothing to do until it moves on.
+            if (!isGoing && !finder.result().isComplete)
+                changed_.wait(lock, [&] { return isDropped_ || world_ != world; });
+            world = world_;
+            lock.unlock();
         }
         lock.lock();
         isBusy_ = false;

@@ -28,6 +28,9 @@ class PathWorker {
     ~PathWorker();
 
     void start(PathRequest request);
+    // The world stands at this place of the fine path: the worker finds the fine path a little
+    // further ahead of it.
+    void follow(std::size_t place);
     // Drops the work in hand and joins the thread.
     void stop();
     // What has been found for the latest request so far; nullptr before the first stretch.
@@ -45,7 +48,8 @@ class PathWorker {
     std::shared_ptr<const PathResult> found_; // for the latest request
     std::atomic<bool> isDropped_ = false;     // the work in hand is for an older request
     bool isQuitting_ = false;
-    bool isBusy_ = false; // a request is being worked on
+    bool isBusy_ = false;   // a request is being worked on
+    std::size_t world_ = 0; // where the world stands on the fine path
     std::thread thread_;
 };
 
