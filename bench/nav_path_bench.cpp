@@ -36,7 +36,7 @@ void BM_PathToHorizon(benchmark::State& state) {
     for (auto _ : state) {
         apsis::PathFinder finder(request);
         while (!finder.result().isFar)
-            finder.advance(apsis::PathWorker::kStepsPerStretch);
+            finder.advance(apsis::PathWorker::kStepsPerStretch, 0); // the world at its start
         const apsis::PathResult& found = finder.result();
         steps = found.fine.size() + found.coarse.size();
         const auto& last = found.coarse.empty() ? found.fine.back() : found.coarse.back();

@@ -52,7 +52,7 @@ class PathFinder {
   public:
     static constexpr double kLongestLook = 400 * 86400.0; // s of simulated time ahead, at most
     static constexpr std::size_t kMostFineSteps = 3000;
-    static constexpr std::size_t kMostCoarseSteps = 400;
+    static constexpr std::size_t kMostCoarseSteps = 300;
     static constexpr std::size_t kLeadSteps = 30; // fine steps found before the coarse path
     static constexpr std::size_t kFineAhead = 90; // fine steps found ahead of the world: 3 s
     static constexpr std::size_t kEverything = kMostFineSteps; // a place that asks for it all
