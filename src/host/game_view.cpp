@@ -30,7 +30,6 @@ GameView::GameView(QWidget* parent)
     // Every paint covers the whole view with black first, so Qt need not clear it.
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
-    setMinimumSize(640, 480);
 
     clock_.start();
     timer_.setTimerType(Qt::PreciseTimer);
