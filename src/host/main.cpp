@@ -1,6 +1,7 @@
 #include "assets/resources.h"
 #include "host/main_window.h"
 #include "host/startup_failure.h"
+#include "host/termination.h"
 #include "platform/qt_resources.h"
 
 #include <cstdio>
@@ -89,6 +90,8 @@ int main(int argc, char** argv) {
     for (const auto& [type, message] : startupMessages)
         defaultHandler(type, QMessageLogContext(), message);
     startupMessages.clear();
+
+    apsis::quitOnTermination();
 
     QApplication::setApplicationName("Apsis");
     QApplication::setApplicationVersion(APSIS_VERSION);
