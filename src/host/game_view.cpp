@@ -30,7 +30,6 @@ GameView::GameView(QWidget* parent)
     // Every paint covers the whole view with black first, so Qt need not clear it.
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_NoSystemBackground);
-    setMinimumSize(640, 480);
     // The window's game looks ahead on a thread of its own, so that its tick never waits.
     ctrl_->navPrediction.useWorkerThread(true);
 

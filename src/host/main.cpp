@@ -1,5 +1,7 @@
 #include "assets/resources.h"
 #include "host/main_window.h"
+#include "host/startup_failure.h"
+#include "host/termination.h"
 #include "platform/qt_resources.h"
 
 #include <cstdio>
@@ -11,6 +13,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QString>
+#include <QStringList>
 
 namespace {
 
@@ -26,13 +29,21 @@ constexpr const char* kUsage =
     "  --version  print the game's version and exit\n";
 
 // What Qt says while it looks for a display is kept back: when it finds one the messages are
-// shown as usual, when it finds none it ends the process with abort(), and a player is told so
+// shown as usual, when it finds none it ends the process with abort(), and a player is told why
 // in one line instead, with an ordinary failure status and no core dump.
 std::vector<std::pair<QtMsgType, QString>> startupMessages;
 
 void holdStartupMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type == QtFatalMsg) {
-        std::fputs("apsis: cannot open the game's window: no display could be reached\n", stderr);
+        QStringList messages;
+        for (const auto& held : startupMessages)
+            messages << held.second;
+        messages << message;
+        const apsis::DisplayEnvironment environment{qEnvironmentVariable("QT_QPA_PLATFORM"),
+                                                    qEnvironmentVariable("DISPLAY"),
+                                                    qEnvironmentVariable("WAYLAND_DISPLAY")};
+        std::fprintf(stderr, "apsis: cannot open the game's window: %s\n",
+                     qPrintable(apsis::startupFailure(messages, environment)));
         std::_Exit(1);
     }
     startupMessages.emplace_back(type, message);
@@ -79,6 +90,8 @@ int main(int argc, char** argv) {
     for (const auto& [type, message] : startupMessages)
         defaultHandler(type, QMessageLogContext(), message);
     startupMessages.clear();
+
+    apsis::quitOnTermination();
 
     QApplication::setApplicationName("Apsis");
     QApplication::setApplicationVersion(APSIS_VERSION);

@@ -4,21 +4,26 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QGuiApplication>
 #include <QScreen>
+#include <QWindow>
 
 namespace apsis {
+
+QSize defaultViewSize(QSize available) {
+    return QSize(1280, 800).boundedTo(available * 9 / 10);
+}
+
+QSize minimumViewSize(QSize available) {
+    return QSize(640, 480).boundedTo(available * 9 / 10);
+}
 
 MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), view_(new GameView(this)) {
     setWindowTitle("Apsis");
     setCentralWidget(view_);
     view_->setFocus();
 
-    // A comfortable default that still fits a small screen.
-    QSize size(1280, 800);
-    if (const QScreen* screen = QGuiApplication::primaryScreen())
-        size = size.boundedTo(screen->availableSize() * 9 / 10);
-    resize(size.expandedTo(view_->minimumSize()));
+    fitToScreen();
+    resize(screen() != nullptr ? defaultViewSize(screen()->availableSize()) : QSize(1280, 800));
 
     auto* fullScreen = new QAction(this);
     fullScreen->setShortcut(Qt::Key_F11);
@@ -33,6 +38,24 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), view_(new GameVie
     quit->setShortcutContext(Qt::ApplicationShortcut);
     connect(quit, &QAction::triggered, qApp, &QApplication::quit);
     addAction(quit);
+}
+
+void MainWindow::fitToScreen() {
+    QScreen* const current = screen();
+    if (current == nullptr)
+        return;
+    view_->setMinimumSize(minimumViewSize(current->availableSize()));
+    disconnect(screenArea_);
+    screenArea_ =
+        connect(current, &QScreen::availableGeometryChanged, this, &MainWindow::fitToScreen);
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    // The window's screen is known for sure once it is shown, and it may move to another one.
+    connect(windowHandle(), &QWindow::screenChanged, this, &MainWindow::fitToScreen,
+            Qt::UniqueConnection);
+    fitToScreen();
+    QMainWindow::showEvent(event);
 }
 
 void MainWindow::toggleFullScreen() {

@@ -1,7 +1,9 @@
-// apsis_snapshot OUT_DIR [WIDTHxHEIGHT [NAME_PART]]
+// apsis_snapshot OUT_DIR [WIDTHxHEIGHT[@RATIO] [NAME_PART]]
 //
 // Renders every screen a player meets into OUT_DIR, one PNG each, through the same canvas as the
-// game's window but offscreen: a way to look at all of the game's pictures in a minute.
+// game's window but offscreen: a way to look at all of the game's pictures in a minute. With a
+// device pixel ratio (@2), the screens are drawn as on a high-density display: each point of the
+// window is RATIO pixels wide, and the PNGs are RATIO times as large.
 
 #include "platform/qt_canvas.h"
 #include "platform/qt_resources.h"
@@ -20,15 +22,18 @@
 namespace {
 
 int usage() {
-    std::fprintf(stderr, "usage: apsis_snapshot OUT_DIR [WIDTHxHEIGHT [NAME_PART]]\n"
-                         "Renders every screen of the game to OUT_DIR as PNG (default 1280x800),\n"
-                         "or only those whose name contains NAME_PART.\n");
+    std::fprintf(stderr,
+                 "usage: apsis_snapshot OUT_DIR [WIDTHxHEIGHT[@RATIO] [NAME_PART]]\n"
+                 "Renders every screen of the game to OUT_DIR as PNG (default 1280x800), at\n"
+                 "RATIO pixels per point (1 to 4, default 1), or only those whose name\n"
+                 "contains NAME_PART.\n");
     return 2;
 }
 
 // One redraw as the window makes it: black first, then the controller's drawing.
-QImage render(apsis::Controller& controller, QSize size) {
-    QImage image(size, QImage::Format_RGB32);
+QImage render(apsis::Controller& controller, QSize size, double ratio) {
+    QImage image(size * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
     image.fill(Qt::black);
     QPainter painter(&image);
     apsis::QtCanvas canvas(painter);
@@ -43,12 +48,16 @@ int main(int argc, char** argv) {
     if (argc < 2 || argc > 4)
         return usage();
     QSize size(1280, 800);
+    double ratio = 1.0;
     if (argc >= 3) {
-        const auto match = QRegularExpression("^(\\d{1,5})x(\\d{1,5})$").match(argv[2]);
+        const auto match =
+            QRegularExpression("^(\\d{1,5})x(\\d{1,5})(?:@(\\d(?:\\.\\d{1,2})?))?$").match(argv[2]);
         if (!match.hasMatch())
             return usage();
         size = QSize(match.captured(1).toInt(), match.captured(2).toInt());
-        if (size.width() < 1 || size.height() < 1)
+        if (match.hasCaptured(3))
+            ratio = match.captured(3).toDouble();
+        if (size.width() < 1 || size.height() < 1 || ratio < 1.0 || ratio > 4.0)
             return usage();
     }
     // No display is needed: the pictures are drawn into images.
@@ -83,7 +92,7 @@ int main(int argc, char** argv) {
             controller->updateNavAids();
         }
         const auto file = out / (scene.name + ".png");
-        if (render(*controller, size).save(QString::fromStdString(file.string()), "PNG")) {
+        if (render(*controller, size, ratio).save(QString::fromStdString(file.string()), "PNG")) {
             std::printf("%s\n", file.c_str());
         } else {
             std::fprintf(stderr, "apsis_snapshot: cannot write %s\n", file.c_str());
