@@ -41,10 +41,9 @@ TEST(PathFinder, TheCoarsePathStaysWithinAThousandthOfTheFineOne) {
             ASSERT_LT(k, path.fine.size()) << level; // the fine path fills in the whole turn
             const PathSample& near = path.fine[k];
             ASSERT_NEAR(near.elapsed, far.elapsed, 1e-6 * far.elapsed) << level;
-            const double r = std::hypot(near.craft.x - near.bodyX[centre],
-                                        near.craft.y - near.bodyY[centre]);
-            EXPECT_LT(std::hypot(far.craft.x - near.craft.x, far.craft.y - near.craft.y),
-                      1e-3 * r)
+            const double r =
+                std::hypot(near.craft.x - near.bodyX[centre], near.craft.y - near.bodyY[centre]);
+            EXPECT_LT(std::hypot(far.craft.x - near.craft.x, far.craft.y - near.craft.y), 1e-3 * r)
                 << "level " << level << " at " << far.elapsed - start << " s";
             ++compared;
         }
