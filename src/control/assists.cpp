@@ -15,7 +15,8 @@ constexpr double kSpeedNudge = 1.0;              // m/s, a plan's velocity chang
 constexpr double kNudgeGrowth = 1.08;            // a held key's step grows so much a tick
 constexpr double kLargestNudge = 100.0;          // ... up to this many first steps
 constexpr int kPlanRefreshTicks = 6;             // a held key asks for the plan's path this often
-constexpr double kShortestLead = 60.0;           // s, the least time from now to a burn's start
+constexpr double kFurthestSteps = 1000;
+constexpr double kShortestLead = 60.0; // s, the least time from now to a burn's start
 
 int targetIndex(const Controller& c) {
     const Stellar* target = targetOf(c.game, levelAt(c.level), c.isPartialObjectiveDone);
@@ -40,12 +41,15 @@ HoldKind nextHold(HoldKind now, unsigned short key) {
 }
 
 // The burn starts no sooner than a second of the player's time from now (a minute at the least),
-// nor beyond what the path looks ahead.
+// and no further ahead than the path's longest look or a thousand of its coarse steps, which
+// the game's thread flies whenever the plan changes.
 void keepPlanAhead(Controller& c) {
     const double now = c.game.elapsedTime;
     const double lead = std::max(kShortestLead, 30 * c.game.timeStep);
-    c.plan.time = std::clamp(c.plan.time, now + lead + c.plan.duration(c.game.player) / 2,
-                             now + PathFinder::kLongestLook);
+    const double reach =
+        std::min(PathFinder::kLongestLook, kFurthestSteps * PathFinder::coarseStep(c.game));
+    c.plan.time = std::max(std::min(c.plan.time, now + std::max(lead, reach)),
+                           now + lead + c.plan.duration(c.game.player) / 2);
 }
 
 bool isPlanNudge(unsigned short key) {

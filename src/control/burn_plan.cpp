@@ -25,49 +25,8 @@ double BurnPlan::remaining() const {
     return std::max(0.0, deltaV() - burned);
 }
 
-Game flyPlan(const Game& now, int level, const BurnPlan& plan,
-             std::vector<PathSample>* burnPlaces) {
-    Game world = now;
-    Player& craft = world.player;
-    craft.isTurningLeft = craft.isTurningRight = craft.isAccelerating = false;
-    world.hold.kind = HoldKind::AlongPlan;
-    world.hold.reference = plan.centre;
-    world.hold.along = plan.along;
-    world.hold.across = plan.across;
-    const double own = now.timeStep;
-    const double start = plan.start(craft);
-    const double duration = plan.duration(craft);
-    // Up to the start: the game's own steps, or longer ones as the path's coarse steps are, and a
-    // last one that ends on the start.
-    while (world.elapsedTime < start) {
-        const double left = start - world.elapsedTime;
-        const double step = std::max(own, PathFinder::coarseStep(world));
-        if (step >= left) {
-            world.timeStep = left;
-            world.doFrame(level);
-            world.elapsedTime = start;
-        } else {
-            world.timeStep = step;
-            if (step > own)
-                world.doFrame(level, PathFinder::kCoarseSubSteps);
-            else
-                world.doFrame(level);
-        }
-    }
-    if (burnPlaces != nullptr)
-        burnPlaces->push_back(sampleOf(world));
-    if (duration > 0) {
-        craft.isAccelerating = true;
-        world.timeStep = duration / kBurnSteps;
-        for (int i = 0; i < kBurnSteps; ++i) {
-            world.doFrame(level);
-            if (burnPlaces != nullptr)
-                burnPlaces->push_back(sampleOf(world));
-        }
-        craft.isAccelerating = false;
-    }
-    world.timeStep = own;
-    return world;
+PathBurn pathBurnOf(const BurnPlan& plan, const Player& craft) {
+    return {plan.centre, plan.along, plan.across, plan.start(craft), plan.duration(craft)};
 }
 
 double planTimeStep(const BurnPlan& plan, const Game& game, double own, double shortest) {
@@ -88,10 +47,7 @@ double planTimeStep(const BurnPlan& plan, const Game& game, double own, double s
 }
 
 void PlannedPath::request(const Game& now, int level, const BurnPlan& plan, int goal) {
-    burn_.clear();
-    after_.emplace(flyPlan(now, level, plan, &burn_));
-    PathRequest ask{*after_, level, plan.centre, goal};
-    ask.world.hold.kind = HoldKind::Off;
+    PathRequest ask{now, level, plan.centre, goal, pathBurnOf(plan, now.player)};
     if (isThreaded_) {
         held_.reset();
         worker_.start(std::move(ask));
@@ -104,8 +60,6 @@ void PlannedPath::clear() {
     worker_.stop();
     finder_.reset();
     held_.reset();
-    burn_.clear();
-    after_.reset();
 }
 
 void PlannedPath::settle() {
@@ -128,6 +82,21 @@ void PlannedPath::update() {
 
 const PathResult* PlannedPath::found() const {
     return isThreaded_ ? held_.get() : finder_ ? &finder_->result() : nullptr;
+}
+
+Game worldAt(const Game& live, const PathSample& place) {
+    Game world = live;
+    world.player.pos = place.craft;
+    world.player.fuel = place.fuel;
+    world.elapsedTime = place.elapsed;
+    for (int i = 0; i < kBodyCount; ++i) {
+        Position& p = (world.*kBodies[i]).pos;
+        p.x = place.bodyX[i];
+        p.y = place.bodyY[i];
+        p.vx = place.bodyVX[i];
+        p.vy = place.bodyVY[i];
+    }
+    return world;
 }
 
 } // namespace apsis

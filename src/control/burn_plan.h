@@ -6,7 +6,6 @@
 
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace apsis {
 
@@ -32,20 +31,16 @@ struct BurnPlan {
     double remaining() const;
 };
 
-// The world flown as planned from now to the burn's end: every key let go, the hold along the
-// burn, the engine on from its start for its duration. Steps ahead are the game's own, or longer
-// where the burn is far off; the burn itself is flown as the game flies it, in a sixtieth of its
-// length a step. Places along the burn are added to burnPlaces when given.
-Game flyPlan(const Game& now, int level, const BurnPlan& plan,
-             std::vector<PathSample>* burnPlaces = nullptr);
+// The planned burn as the path's finder flies it.
+PathBurn pathBurnOf(const BurnPlan& plan, const Player& craft);
 
 // The time step a tick may take while a plan waits ahead or burns, s: the player's own, cut so
 // that the pilot sees the start coming (a sixtieth of the time left, some two seconds ahead), the
 // tick ends at the start and at the end, and the burn takes some sixty ticks.
 double planTimeStep(const BurnPlan& plan, const Game& game, double own, double shortest);
 
-// The path after the planned burn, looked for on a worker thread as the aids' path is (or on the
-// caller's, in tests and tools).
+// The path of a planned burn, from its start: looked for on a worker thread as the aids' path is
+// (or on the caller's, in tests and tools), the burn itself flown there too.
 class PlannedPath {
   public:
     void useWorkerThread(bool isUsed) { isThreaded_ = isUsed; }
@@ -54,17 +49,17 @@ class PlannedPath {
     void settle();
     // Takes what the worker has found; once a tick.
     void update();
+    // Once the burn is flown: its places, then the path after it.
     const PathResult* found() const;
-    const std::vector<PathSample>& burn() const { return burn_; }
-    const Game* after() const { return after_ ? &*after_ : nullptr; }
 
   private:
     bool isThreaded_ = false;
     PathWorker worker_;
     std::optional<PathFinder> finder_;
     std::shared_ptr<const PathResult> held_;
-    std::vector<PathSample> burn_;
-    std::optional<Game> after_;
 };
+
+// The world as it stands at a place of a path: the live world's bodies and craft moved there.
+Game worldAt(const Game& live, const PathSample& place);
 
 } // namespace apsis

@@ -51,11 +51,13 @@ void PathWorker::run() {
         changed_.wait(lock, [this] { return isQuitting_ || next_.has_value(); });
         if (isQuitting_)
             return;
-        PathFinder finder(std::move(*next_));
+        PathRequest request = std::move(*next_);
         next_.reset();
         isDropped_ = false;
         isBusy_ = true;
         lock.unlock();
+        // Out of the lock: a planned burn is flown as the finder starts, which may take a while.
+        PathFinder finder(std::move(request));
         bool isGoing = true;
         while (isGoing && !isDropped_) {
             isGoing = finder.advance(kStepsPerStretch);

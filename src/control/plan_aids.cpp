@@ -23,12 +23,11 @@ void Controller::findPlanAids() {
     const auto offsetOf = [reference](const PathSample& s) {
         return Offset{s.craft.x - s.bodyX[reference], s.craft.y - s.bodyY[reference]};
     };
-    for (const PathSample& s : plannedPath.burn())
-        a.burn.push_back(offsetOf(s));
     const PathResult* found = plannedPath.found();
-    const Game* after = plannedPath.after();
-    if (found == nullptr || after == nullptr)
+    if (found == nullptr || found->fine.empty())
         return;
+    for (const PathSample& s : found->burn)
+        a.burn.push_back(offsetOf(s));
     std::vector<const PathSample*> places;
     for (const PathSample& s : found->fine)
         places.push_back(&s);
@@ -39,16 +38,18 @@ void Controller::findPlanAids() {
     for (const PathSample* s : places)
         a.path.push_back(offsetOf(*s));
 
+    // The orbit the burn leaves the craft on, from the world at its end.
+    const Game after = worldAt(game, found->fine.front());
     NavAids then;
-    const Stellar& followedThen = after->*kBodies[reference];
-    findOrbitAround(then, *after, followedThen);
+    const Stellar& followedThen = after.*kBodies[reference];
+    findOrbitAround(then, after, followedThen);
     a.hasOrbit = then.hasOrbit && !then.isCircular;
     a.isEscaping = then.isEscaping;
     a.high = then.high;
     a.low = then.low;
     a.orbitBody = then.orbitBody;
-    if (const Stellar* target = targetOf(*after, levelAt(level), isPartialObjectiveDone)) {
-        findApproach(then, *after, *target, followedThen, places, reference);
+    if (const Stellar* target = targetOf(after, levelAt(level), isPartialObjectiveDone)) {
+        findApproach(then, after, *target, followedThen, places, reference);
         a.approach = then.approach;
     }
     if (found->impactBody >= 0) {

@@ -90,7 +90,7 @@ TEST(Assists, KeysActInFlightOnlyAndThePlanIsDropped) {
 // The planned path, as the plan's read-outs and marks are found from it: the burn, then the fine
 // and coarse places after it.
 std::vector<PathSample> plannedPlaces(const Controller& c) {
-    std::vector<PathSample> places = c.plannedPath.burn();
+    std::vector<PathSample> places = c.plannedPath.found()->burn;
     for (const PathSample& s : c.plannedPath.found()->fine)
         places.push_back(s);
     for (const PathSample& s : c.plannedPath.found()->coarse) {

@@ -11,7 +11,8 @@ namespace apsis {
 namespace {
 
 PathResult findWhole(const Controller& c) {
-    PathRequest ask{c.game, c.level, orbitCentreOf(c.game, c.drawView.viewTarget), -1};
+    PathRequest ask{c.game, c.level, orbitCentreOf(c.game, c.drawView.viewTarget), -1,
+                    std::nullopt};
     PathFinder finder(ask);
     while (finder.advance(1000)) {
     }
@@ -41,10 +42,9 @@ TEST(PathFinder, TheCoarsePathStaysWithinAThousandthOfTheFineOne) {
             ASSERT_LT(k, path.fine.size()) << level; // the fine path fills in the whole turn
             const PathSample& near = path.fine[k];
             ASSERT_NEAR(near.elapsed, far.elapsed, 1e-6 * far.elapsed) << level;
-            const double r = std::hypot(near.craft.x - near.bodyX[centre],
-                                        near.craft.y - near.bodyY[centre]);
-            EXPECT_LT(std::hypot(far.craft.x - near.craft.x, far.craft.y - near.craft.y),
-                      1e-3 * r)
+            const double r =
+                std::hypot(near.craft.x - near.bodyX[centre], near.craft.y - near.bodyY[centre]);
+            EXPECT_LT(std::hypot(far.craft.x - near.craft.x, far.craft.y - near.craft.y), 1e-3 * r)
                 << "level " << level << " at " << far.elapsed - start << " s";
             ++compared;
         }

@@ -25,7 +25,8 @@ TEST(PathWorker, FindsTheSamePathAndOnlyForTheLatestRequest) {
     ScopedFakeResources files;
     Controller c;
     flySeeded(c, 2, 3);
-    const PathRequest ask{c.game, 2, orbitCentreOf(c.game, c.drawView.viewTarget), -1};
+    const PathRequest ask{c.game, 2, orbitCentreOf(c.game, c.drawView.viewTarget), -1,
+                          std::nullopt};
     PathFinder here(ask);
     while (here.advance(1000)) {
     }
