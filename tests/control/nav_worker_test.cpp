@@ -1,3 +1,4 @@
+#include "control/burn_plan.h"
 #include "control/nav_findings.h"
 #include "control/nav_worker.h"
 #include "control/play.h"
@@ -89,6 +90,26 @@ TEST(PathWorker, TheGamesCraftFliesAlongWhatTheWorkerFound) {
     EXPECT_TRUE(c.navPrediction.isLookingAhead());
     c.startLevel(2);
     EXPECT_FALSE(c.navPrediction.isLookingAhead());
+}
+
+// A planned burn's path is found on the worker as on the caller's thread, the burn flown there
+// first: the same places to the last bit.
+TEST(PathWorker, FliesAPlannedBurnAsTheCallersThreadWould) {
+    ScopedFakeResources files;
+    Controller c;
+    flySeeded(c, 2, 3);
+    play::press(c, kKeyF7);
+    c.plan.along = 200;
+    PlannedPath here, there;
+    there.useWorkerThread(true);
+    for (PlannedPath* path : {&here, &there}) {
+        path->request(c.game, 2, c.plan, -1);
+        path->settle();
+    }
+    ASSERT_NE(there.found(), nullptr);
+    EXPECT_GT(there.found()->burn.size(), 60u);
+    EXPECT_TRUE(sameSamples(there.found()->burn, here.found()->burn));
+    EXPECT_TRUE(sameSamples(there.found()->fine, here.found()->fine));
 }
 
 } // namespace
