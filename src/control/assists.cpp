@@ -23,6 +23,17 @@ int targetIndex(const Controller& c) {
     return target != nullptr ? bodyIndex(c.game, *target) : -1;
 }
 
+// The hold learns the bodies it is measured from: the followed one (the plan's own for a hold
+// along it) and the level's target.
+void aimHold(Controller& c) {
+    AttitudeHold& hold = c.game.hold;
+    const int followed = bodyIndex(c.game, c.drawView.viewTarget);
+    hold.reference = hold.kind == HoldKind::AlongPlan ? c.plan.centre : followed;
+    hold.target = targetIndex(c);
+    hold.along = c.plan.along;
+    hold.across = c.plan.across;
+}
+
 // The hold a key chooses: the first of its kind, or pressed again the next.
 HoldKind nextHold(HoldKind now, unsigned short key) {
     const auto other = [now](HoldKind a, HoldKind b) { return now == a ? b : a; };
@@ -120,7 +131,7 @@ bool Controller::assistKeyDown(unsigned short key) {
         if ((key == kKeyF5 && targetIndex(*this) < 0) || (key == kKeyF6 && !plan.isSet))
             return true;
         game.hold.kind = nextHold(game.hold.kind, key);
-        beforeWorldStep();
+        aimHold(*this);
     } else if (key == kKeyF7) {
         if (!plan.isSet || isBurnAhead)
             placePlan(*this);
@@ -157,12 +168,7 @@ void Controller::dropPlan() {
 // After the held keys: the hold learns the bodies it is measured from, a held plan key takes its
 // next step, and a plan ahead cuts the time step so that its start is not skipped.
 void Controller::beforeWorldStep() {
-    AttitudeHold& hold = game.hold;
-    const int followed = bodyIndex(game, drawView.viewTarget);
-    hold.reference = hold.kind == HoldKind::AlongPlan ? plan.centre : followed;
-    hold.target = targetIndex(*this);
-    hold.along = plan.along;
-    hold.across = plan.across;
+    aimHold(*this);
     if (!plan.isSet)
         return;
     if (heldPlanKey != 0 && game.elapsedTime < plan.start(game.player))
