@@ -187,6 +187,13 @@ void Controller::beforeWorldStep() {
 void Controller::afterWorldStep() {
     const Player& craft = game.player;
     if (plan.isSet) {
+        // A changed plan, throttle or course (the engine fired by hand) asks for the path again,
+        // and a longer burn that would now start in the past starts a little ahead instead.
+        if (plan.fuelAtStart < 0 &&
+            (isPlanAsked || craft.isAccelerating || craft.throttle != plan.askedThrottle)) {
+            isPlanAsked = true;
+            keepPlanAhead(*this);
+        }
         const double now = game.elapsedTime;
         const double start = plan.start(craft);
         const double end = plan.end(craft);
@@ -198,14 +205,11 @@ void Controller::afterWorldStep() {
         if (now >= end - slack && !craft.isAccelerating && (plan.burned > 0 || now > end)) {
             dropPlan();
         } else if (plan.fuelAtStart < 0) {
-            // A changed plan, throttle or course (the engine fired by hand) asks for the path
-            // again: at once, a few times a second while a key sizes it, after the engine stops.
-            if (craft.isAccelerating || craft.throttle != plan.askedThrottle)
-                isPlanAsked = true;
+            // The path is asked for at once, a few times a second while a key sizes the plan, and
+            // after the engine stops.
             const bool isHeld = heldPlanKey != 0 || craft.isAccelerating;
             if (isPlanAsked &&
                 (!isHeld || (heldPlanKey != 0 && planKeyTicks % kPlanRefreshTicks == 0))) {
-                keepPlanAhead(*this);
                 plannedPath.request(game, level, plan, targetIndex(*this));
                 plan.askedThrottle = craft.throttle;
                 isPlanAsked = false;
