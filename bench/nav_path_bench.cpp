@@ -21,7 +21,7 @@ apsis::PathRequest openingRequest(int level, bool slower) {
     const apsis::Stellar* target =
         apsis::targetOf(world, apsis::levelAt(level), c->isPartialObjectiveDone);
     return {world, level, apsis::orbitCentreOf(world, c->drawView.viewTarget),
-            target != nullptr ? apsis::bodyIndex(world, *target) : -1};
+            target != nullptr ? apsis::bodyIndex(world, *target) : -1, std::nullopt};
 }
 
 // The path from a level's opening found as far as it reaches, as the worker finds it: the time

@@ -55,7 +55,11 @@ void Controller::startLevel(int n) {
     level = n;
     // The path ahead belongs to the attempt: its worker stops with it.
     navPrediction.clear();
+    // So do the assists: the hold, the plan and a time step it cut.
+    dropPlan();
+    ownTimeStep = 0;
     game.setLevel(n);
+    game.hold = AttitudeHold{};
     desiredThrottle = game.player.throttle;
     setMode(MODE_LEVEL);
     isCountingDown = false;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "control/burn_plan.h"
 #include "control/nav_prediction.h"
+#include "presentation/assists.h"
 #include "presentation/draw_view.h"
 #include "world/game.h"
 
@@ -45,6 +47,14 @@ struct Controller {
     bool isShowingNavAids = false;       // F2: the path ahead and the goal drawn over the flight
     NavPrediction navPrediction;         // the path ahead, kept while the aids show
     NavAids navAids;                     // what the aids draw, worked out once a tick
+    // The pilot's assists: the attitude hold lives in the world (game.hold), the plan here.
+    BurnPlan plan;
+    PlannedPath plannedPath;        // the path after the planned burn
+    AssistAids assistAids;          // what the assists draw, worked out once a tick
+    unsigned short heldPlanKey = 0; // a key moving or sizing the plan, held down
+    int planKeyTicks = 0;           // ticks it has been held: its steps grow
+    double ownTimeStep = 0;         // the player's time step while a plan cuts it; 0 when not
+    bool isPlanAsked = false;       // the plan changed: its path is to be found again
 
     Controller();
     Controller(const Controller&) = delete;
@@ -69,6 +79,14 @@ struct Controller {
     void toggleNavAids();
     void updateNavAids();
     void drawNavAidsOver();
+    // The assists: keys (true when the key was theirs), the tick's steps before and after the
+    // world step, and the drop of the plan.
+    bool assistKeyDown(unsigned short key);
+    void assistKeyUp(unsigned short key);
+    void beforeWorldStep();
+    void afterWorldStep();
+    void dropPlan();
+    void findPlanAids();
 };
 
 } // namespace apsis

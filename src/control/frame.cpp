@@ -81,7 +81,13 @@ void Controller::doFrame() {
     // C. Flight. A stopped world still answers the keys, and the camera still glides.
     if (mode != MODE_PLAY)
         return;
+    // A plan ahead may have cut the last tick's time step: the keys act on the player's own.
+    if (ownTimeStep > 0) {
+        game.timeStep = ownTimeStep;
+        ownTimeStep = 0;
+    }
     applyHeldKeys();
+    beforeWorldStep();
     if (game.running)
         game.doFrame(level);
     followNearestBody();
@@ -90,6 +96,8 @@ void Controller::doFrame() {
     drawView.moveCamera(game.timeStep, game.running);
     if (game.running)
         checkObjectives();
+    if (mode == MODE_PLAY)
+        afterWorldStep();
     if (isShowingNavAids)
         updateNavAids();
     needsRedraw = true;

@@ -31,7 +31,10 @@ void Controller::drawRect() {
             drawView.drawFlag(game);
         else
             drawView.drawPlay(game);
-        drawNavAidsOver();
+        if (game.hold.kind != HoldKind::Off || plan.isSet)
+            drawAssists(drawView, assistAids, isShowingNavAids ? &navAids : nullptr);
+        else
+            drawNavAidsOver();
         break;
     case MODE_RESTART_FADE:
     case MODE_COLLISION_FADE:

@@ -107,6 +107,8 @@ void Controller::keyDown(unsigned short key) {
         toggleNavAids();
         return;
     }
+    if (assistKeyDown(key))
+        return;
 
     // Stage 1: what the key means on the present screen.
     switch (mode) {
@@ -152,6 +154,7 @@ void Controller::keyDown(unsigned short key) {
 }
 
 void Controller::keyUp(unsigned short key) {
+    assistKeyUp(key);
     // Stage 1: only in flight do the arrows let go of the craft's controls; elsewhere a held arrow
     // stays set until the next level set-up clears it.
     if (mode == MODE_PLAY) {

@@ -31,8 +31,51 @@ PathSample sampleOf(const Game& game) {
     return s;
 }
 
+Game flyBurn(const Game& from, int level, const PathBurn& burn, std::vector<PathSample>& places) {
+    constexpr int kBurnSteps = 60;
+    Game world = from;
+    Player& craft = world.player;
+    craft.isTurningLeft = craft.isTurningRight = craft.isAccelerating = false;
+    world.hold = {HoldKind::AlongPlan, burn.centre, -1, burn.along, burn.across};
+    const double own = from.timeStep;
+    while (world.elapsedTime < burn.start) {
+        const double left = burn.start - world.elapsedTime;
+        const double step = std::max(own, PathFinder::coarseStep(world));
+        if (step >= left) {
+            world.timeStep = left;
+            world.doFrame(level);
+            world.elapsedTime = burn.start;
+        } else {
+            world.timeStep = step;
+            if (step > own)
+                world.doFrame(level, PathFinder::kCoarseSubSteps);
+            else
+                world.doFrame(level);
+        }
+    }
+    places.push_back(sampleOf(world));
+    if (burn.duration > 0) {
+        craft.isAccelerating = true;
+        world.timeStep = burn.duration / kBurnSteps;
+        for (int i = 0; i < kBurnSteps; ++i) {
+            world.doFrame(level);
+            places.push_back(sampleOf(world));
+        }
+        craft.isAccelerating = false;
+    }
+    world.timeStep = own;
+    world.hold.kind = HoldKind::Off;
+    return world;
+}
+
 PathFinder::PathFinder(PathRequest request)
     : request_(std::move(request)), fine_(request_.world), coarse_(request_.world) {
+    if (request_.burn) {
+        // On whichever thread looks for the path: the burn may lie far ahead.
+        fine_ = flyBurn(request_.world, request_.level, *request_.burn, result_.burn);
+        coarse_ = fine_;
+        request_.world = fine_;
+    }
     result_.fine.push_back(sampleOf(fine_));
     hasCoarse_ = coarseStep(request_.world) > request_.world.timeStep;
     if (hasCoarse_)

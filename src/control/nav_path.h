@@ -4,6 +4,7 @@
 #include "world/game.h"
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace apsis {
@@ -22,19 +23,36 @@ struct PathSample {
 
 PathSample sampleOf(const Game& game);
 
+// A planned burn, flown before the path is looked for: the hold along it from the outset, the
+// engine on from its start for its duration.
+struct PathBurn {
+    int centre = 0;    // the body the burn is measured from: its place in kBodies
+    double along = 0;  // m/s, along the motion
+    double across = 0; // m/s, radial out
+    double start = 0;  // s on the world's clock
+    double duration = 0;
+};
+
+// The world flown through a burn to its end. Up to the start the steps are the game's own, or
+// longer ones as the path's coarse steps are, and a last one that ends on the start; the burn
+// itself is flown in 60 steps of the game's own kind. Places along the burn are added to places.
+Game flyBurn(const Game& from, int level, const PathBurn& burn, std::vector<PathSample>& places);
+
 // What a path is looked for from: a world with every key let go, and what decides how far ahead
-// the path must reach.
+// the path must reach; for a planned burn's path, the burn flown first.
 struct PathRequest {
     Game world;
     int level = 0;
     int centre = 0; // the body whose turns are counted: the followed one, or what pulls hardest
     int goal = -1;  // the body to reach, whose closest approach the path must include; -1 none
+    std::optional<PathBurn> burn;
 };
 
 // The path found so far. The fine path steps the world exactly as the game will, at its own time
 // step; the coarse one steps the same world in longer steps, to see far ahead in little time. Both
 // start with the request's world.
 struct PathResult {
+    std::vector<PathSample> burn; // a planned burn's places, flown before the path
     std::vector<PathSample> fine;
     std::vector<PathSample> coarse; // empty where the game's own step already reaches far enough
     int impactBody = -1;            // the body the path ends in (its place in kBodies), or -1

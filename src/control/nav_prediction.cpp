@@ -53,7 +53,7 @@ void NavPrediction::clear() {
 }
 
 void NavPrediction::request(const Game& game, int level, int centre, int goal) {
-    PathRequest ask{game, level, centre, goal};
+    PathRequest ask{game, level, centre, goal, std::nullopt};
     // Every key let go.
     ask.world.player.isTurningLeft = false;
     ask.world.player.isTurningRight = false;

@@ -63,11 +63,13 @@ void PathWorker::run() {
         changed_.wait(lock, [this] { return isQuitting_ || next_.has_value(); });
         if (isQuitting_)
             return;
-        PathFinder finder(std::move(*next_));
+        PathRequest request = std::move(*next_);
         next_.reset();
         isDropped_ = false;
         isBusy_ = true;
         lock.unlock();
+        // Out of the lock: a planned burn is flown as the finder starts, which may take a while.
+        PathFinder finder(std::move(request));
         std::size_t world = 0;
         while (!isDropped_ && !finder.result().isComplete) {
             const bool isGoing = finder.advance(kStepsPerStretch, world);

@@ -32,6 +32,7 @@ GameView::GameView(QWidget* parent)
     setAttribute(Qt::WA_NoSystemBackground);
     // The window's game looks ahead on a thread of its own, so that its tick never waits.
     ctrl_->navPrediction.useWorkerThread(true);
+    ctrl_->plannedPath.useWorkerThread(true);
 
     clock_.start();
     timer_.setTimerType(Qt::PreciseTimer);

@@ -45,6 +45,30 @@ std::optional<unsigned short> gameKeyCode(const QKeyEvent& event) {
         return kKeyRight;
     case Qt::Key_F2:
         return kKeyF2;
+    case Qt::Key_F3:
+        return kKeyF3;
+    case Qt::Key_F4:
+        return kKeyF4;
+    case Qt::Key_F5:
+        return kKeyF5;
+    case Qt::Key_F6:
+        return kKeyF6;
+    case Qt::Key_F7:
+        return kKeyF7;
+    case Qt::Key_F8:
+        return kKeyF8;
+    case Qt::Key_F9:
+        return kKeyF9;
+    case Qt::Key_F10:
+        return kKeyF10;
+    case Qt::Key_Home:
+        return kKeyHome;
+    case Qt::Key_End:
+        return kKeyEnd;
+    case Qt::Key_PageUp:
+        return kKeyPageUp;
+    case Qt::Key_PageDown:
+        return kKeyPageDown;
     default:
         break;
     }

@@ -189,7 +189,7 @@ void drawPathEnd(Scene& s) {
 
 } // namespace
 
-void drawNavAids(const DrawView& view, const NavAids& aids) {
+void drawNavAids(const DrawView& view, const NavAids& aids, const AssistAids* assists) {
     Canvas* canvas = currentCanvas();
     if (canvas == nullptr)
         return;
@@ -229,6 +229,8 @@ void drawNavAids(const DrawView& view, const NavAids& aids) {
         drawNamedMark(s, aids.low, kLowColor, "Low", false);
     if (aids.hasOrbit && !aids.isCircular && !aids.isEscaping)
         drawNamedMark(s, aids.high, kHighColor, "High", false);
+    if (assists != nullptr)
+        drawPlanParts(*canvas, view, *assists, s.placer, s.labels);
     drawTargetArrow(*canvas, view, aids, s.placer, s.labels);
     if (s.isCraftInView) {
         drawMotion(*canvas, aids, craft, s.reach, s.placer);

@@ -5,6 +5,7 @@
 namespace apsis {
 
 struct DrawView;
+struct AssistAids;
 
 // A place in the world given from the followed body's present centre, m.
 struct Offset {
@@ -80,6 +81,7 @@ struct NavAids {
 };
 
 // Draws the aids over the flight frame, on the current canvas, after initSizes.
-void drawNavAids(const DrawView& view, const NavAids& aids);
+// With the assists' plan given, it is drawn among them, its labels placed with theirs.
+void drawNavAids(const DrawView& view, const NavAids& aids, const AssistAids* assists = nullptr);
 
 } // namespace apsis

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "presentation/assists.h"
 #include "presentation/canvas.h"
 #include "presentation/draw_view.h"
 #include "presentation/nav_aids.h"
@@ -25,6 +26,8 @@ inline constexpr Color kCasingColor{0.0, 0.0, 0.0, 0.8}; // round the nose, on a
 inline constexpr Color kSunColor{1.0, 0.8, 0.3, 1.0};
 inline constexpr Color kPhaseColor{0.55, 1.0, 0.85, 1.0};
 inline constexpr Color kLeaderColor{0.8, 0.9, 1.0, 0.5};
+inline constexpr Color kPlanColor{0.75, 0.6, 1.0, 0.95}; // the planned burn's path and read-outs
+inline constexpr Color kBurnColor{1.0, 1.0, 1.0, 1.0};   // the burn itself
 inline const TextStyle kAidStyle{FontFamily::Courier, 12.0f, Color{0.55, 0.85, 1.0, 1.0}};
 inline const TextStyle kMarkStyle{FontFamily::Label, 11.0f, Color{0.8, 0.9, 1.0, 1.0}};
 
@@ -67,7 +70,8 @@ ViewPoint along(ViewPoint p, double angle, double reach);
 double distance(ViewPoint a, ViewPoint b);
 
 // Shapes, stroked or filled on the canvas; the long ones cut to the view.
-void drawPath(Canvas& canvas, const DrawView& view, const std::vector<Offset>& points);
+void drawPath(Canvas& canvas, const DrawView& view, const std::vector<Offset>& points,
+              const Color& color = kPathColor);
 void drawLine(Canvas& canvas, const DrawView& view, ViewPoint from, ViewPoint to,
               const Color& color);
 void drawCircle(Canvas& canvas, const DrawView& view, ViewPoint c, double r, const Color& color);
@@ -127,5 +131,8 @@ void drawTargetArrow(Canvas& canvas, const DrawView& view, const NavAids& aids, 
                      std::vector<Label>& labels);
 void drawPhase(Canvas& canvas, const DrawView& view, const NavAids& aids, LabelPlacer& placer,
                std::vector<Label>& labels);
+// The planned burn (presentation/assists.cpp).
+void drawPlanParts(Canvas& canvas, const DrawView& view, const AssistAids& assists,
+                   LabelPlacer& placer, std::vector<Label>& labels);
 
 } // namespace apsis::nav

@@ -42,7 +42,8 @@ double distance(ViewPoint a, ViewPoint b) {
     return std::hypot(a.x - b.x, a.y - b.y);
 }
 
-void drawPath(Canvas& canvas, const DrawView& view, const std::vector<Offset>& points) {
+void drawPath(Canvas& canvas, const DrawView& view, const std::vector<Offset>& points,
+              const Color& color) {
     Path path;
     auto line = clippedIn(view, path);
     ViewPoint last{};
@@ -56,7 +57,7 @@ void drawPath(Canvas& canvas, const DrawView& view, const std::vector<Offset>& p
         last = p;
     }
     if (!path.elements.empty())
-        canvas.strokePath(path, kPathColor);
+        canvas.strokePath(path, color);
 }
 
 void drawLine(Canvas& canvas, const DrawView& view, ViewPoint from, ViewPoint to,

@@ -77,7 +77,9 @@ void Game::doFrame(int level, int subSteps) {
         for (const BodyMember body : kMassiveBodies)
             (this->*body).move(dt);
 
-        // The ship turns, burns and drifts last.
+        // The ship turns, burns and drifts last; a hold sets the heading it turns to first.
+        if (hold.kind != HoldKind::Off)
+            steerByHold(*this);
         player.move(dt);
     }
     elapsedTime = elapsedTime + timeStep;

@@ -2,6 +2,7 @@
 
 #include "physics/player.h"
 #include "physics/stellar.h"
+#include "world/hold.h"
 
 namespace apsis {
 
@@ -23,6 +24,7 @@ struct Game {
     Stellar station;
     Stellar asteroid;
     Player player;
+    AttitudeHold hold; // off unless the pilot asks: then it steers the craft in every sub-step
 
     // Every body at the origin, at rest, active; no level set up yet. A world is a plain value: a
     // copy steps on its own, exactly as the original would. (The bodies' mainInfluence of a copy

@@ -11,7 +11,8 @@ namespace apsis {
 namespace {
 
 PathResult findWhole(const Controller& c) {
-    PathRequest ask{c.game, c.level, orbitCentreOf(c.game, c.drawView.viewTarget), -1};
+    PathRequest ask{c.game, c.level, orbitCentreOf(c.game, c.drawView.viewTarget), -1,
+                    std::nullopt};
     PathFinder finder(ask);
     while (finder.advance(1000)) {
     }

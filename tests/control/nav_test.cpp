@@ -13,7 +13,8 @@ namespace apsis {
 namespace {
 
 // Two flights with the same keys, one of them with the aids turned on for a while and off again:
-// the off flight draws what the game always drew, and the aids, while on, only add to it.
+// the off flight draws what the game always drew, and the aids, while on, only add to it. The
+// assists taken up and let go again change nothing either.
 TEST(NavAids, OffChangesNothingAndOnOnlyAddsToThePicture) {
     ScopedFakeResources files;
     Controller plain, aided;
@@ -24,6 +25,14 @@ TEST(NavAids, OffChangesNothingAndOnOnlyAddsToThePicture) {
         const bool on = tick >= 10 && tick < 40;
         if (on != aided.isShowingNavAids)
             aided.toggleNavAids();
+        if (tick == 5 || tick == 20) {
+            // The assists taken up and let go before the world moves: a plan made and dropped,
+            // a hold chosen and ended by a turn key. They leave no trace.
+            for (const unsigned short key : {kKeyF7, kKeyPageUp, kKeyF6, kKeyF8, kKeyF3})
+                play::press(aided, key);
+            aided.keyDown(kKeyLeft);
+            aided.keyUp(kKeyLeft);
+        }
         for (Controller* c : {&plain, &aided}) {
             c->keyDown(tick % 20 < 5 ? kKeyUp : kKeyLeft); // burns and turns, the aids' hardest
             c->doFrame();

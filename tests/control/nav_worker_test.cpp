@@ -1,3 +1,4 @@
+#include "control/burn_plan.h"
 #include "control/nav_findings.h"
 #include "control/nav_worker.h"
 #include "control/play.h"
@@ -27,7 +28,8 @@ TEST(PathWorker, FindsTheSamePathAndOnlyForTheLatestRequest) {
     ScopedFakeResources files;
     Controller c;
     flySeeded(c, 2, 3);
-    const PathRequest ask{c.game, 2, orbitCentreOf(c.game, c.drawView.viewTarget), -1};
+    const PathRequest ask{c.game, 2, orbitCentreOf(c.game, c.drawView.viewTarget), -1,
+                          std::nullopt};
     PathFinder here(ask);
     while (here.advance(1000)) {
     }
@@ -93,6 +95,26 @@ TEST(PathWorker, TheGamesCraftFliesAlongWhatTheWorkerFound) {
     EXPECT_TRUE(c.navPrediction.isLookingAhead());
     c.startLevel(2);
     EXPECT_FALSE(c.navPrediction.isLookingAhead());
+}
+
+// A planned burn's path is found on the worker as on the caller's thread, the burn flown there
+// first: the same places to the last bit.
+TEST(PathWorker, FliesAPlannedBurnAsTheCallersThreadWould) {
+    ScopedFakeResources files;
+    Controller c;
+    flySeeded(c, 2, 3);
+    play::press(c, kKeyF7);
+    c.plan.along = 200;
+    PlannedPath here, there;
+    there.useWorkerThread(true);
+    for (PlannedPath* path : {&here, &there}) {
+        path->request(c.game, 2, c.plan, -1);
+        path->settle();
+    }
+    ASSERT_NE(there.found(), nullptr);
+    EXPECT_GT(there.found()->burn.size(), 60u);
+    EXPECT_TRUE(sameSamples(there.found()->burn, here.found()->burn));
+    EXPECT_TRUE(sameSamples(there.found()->fine, here.found()->fine));
 }
 
 } // namespace

@@ -1,3 +1,6 @@
+#include "control/controller.h"
+#include "control/keys.h"
+#include "control/seeded_flight.h"
 #include "host/key_relay.h"
 
 #include <gtest/gtest.h>
@@ -38,6 +41,10 @@ TEST(GameKeyCode, MapsWhatTheGameKnowsAndNothingElse) {
         {Qt::Key_Left, "", Qt::KeypadModifier, 83, 0xF702},
         {Qt::Key_Right, "", Qt::NoModifier, 114, 0xF703},
         {Qt::Key_F2, "", Qt::NoModifier, 68, 0xF705},
+        {Qt::Key_F3, "", Qt::NoModifier, 69, kKeyF3}, // the assists
+        {Qt::Key_F10, "", Qt::NoModifier, 76, kKeyF10},
+        {Qt::Key_Home, "", Qt::NoModifier, 110, kKeyHome},
+        {Qt::Key_PageDown, "", Qt::KeypadModifier, 89, kKeyPageDown},
         {Qt::Key_W, "w", Qt::NoModifier, 25, 119},
         {Qt::Key_W, "W", Qt::NoModifier, 25, 119},   // Caps Lock on: still the command
         {Qt::Key_W, "w", Qt::ShiftModifier, 25, 87}, // Caps Lock and Shift: Shift gives upper case
@@ -110,6 +117,30 @@ TEST(KeyRelay, OnlyGameKeysAreTakenAndLosingTheKeyboardReleasesEachOnce) {
     EXPECT_EQ(r.log[0] + r.log[1], "down 63232down 63234");
     EXPECT_TRUE((r.log[2] == "up 63232" && r.log[3] == "up 63234") ||
                 (r.log[2] == "up 63234" && r.log[3] == "up 63232"));
+}
+
+// The assists' keys take the one key path: from Qt's events through the relay to the controller,
+// which acts on them in flight.
+TEST(KeyRelay, TheAssistsKeysReachTheController) {
+    Controller c;
+    KeyRelay relay([&c](unsigned short k) { c.keyDown(k); },
+                   [&c](unsigned short k) { c.keyUp(k); });
+    const auto tap = [&relay](int qtKey, quint32 scanCode) {
+        relay.press(Key(QEvent::KeyPress, qtKey, "", Qt::NoModifier, false, scanCode));
+        relay.release(Key(QEvent::KeyRelease, qtKey, "", Qt::NoModifier, false, scanCode));
+        relay.flush();
+    };
+    flySeeded(c, 2, 1);
+    tap(Qt::Key_F3, 69);
+    EXPECT_EQ(c.game.hold.kind, HoldKind::Prograde);
+    tap(Qt::Key_F7, 73);
+    ASSERT_TRUE(c.plan.isSet);
+    tap(Qt::Key_PageUp, 112);
+    EXPECT_GT(c.plan.along, 0);
+    tap(Qt::Key_F6, 75);
+    EXPECT_EQ(c.game.hold.kind, HoldKind::AlongPlan);
+    tap(Qt::Key_F8, 74);
+    EXPECT_FALSE(c.plan.isSet);
 }
 
 } // namespace

@@ -138,7 +138,8 @@ QImage drawInstructions() {
     drawRow(painter, y += step, {{"s"}, {"a"}}, "Time faster, time slower");
     drawRow(painter, y += step, {{"w"}, {"q"}}, "Zoom in, zoom out (time slows or quickens too)");
     drawRow(painter, y += step, {{"Tab"}}, "Start the level again");
-    drawRow(painter, y += step, {{"F2"}}, "Navigation aids: the path ahead and the goal");
+    drawRow(painter, y += step, {{"F2"}, {"F3–F10"}},
+            "Navigation aids; attitude hold, planned burn");
     drawRow(painter, y + step, {{"Esc"}}, "Back to the menu");
 
     drawSection(painter, 580, "ON THE MENUS");

@@ -91,6 +91,11 @@ int main(int argc, char** argv) {
             controller->navPrediction.settle();
             controller->updateNavAids();
         }
+        if (controller->plan.isSet) {
+            // The same for the planned burn's path.
+            controller->plannedPath.settle();
+            controller->afterWorldStep();
+        }
         const auto file = out / (scene.name + ".png");
         if (render(*controller, size, ratio).save(QString::fromStdString(file.string()), "PNG")) {
             std::printf("%s\n", file.c_str());

@@ -228,6 +228,38 @@ std::vector<Scene> scenes() {
         c.drawView.viewCenter.y = c.game.player.pos.y - 0.21 * c.drawView.viewScale;
         press(c, kKeySpace);
     });
+    // The assists: a hold keeping the nose on the motion in level 4's low orbit, seen on the craft
+    // with the aids showing the nose; a plan to raise level 2's orbit, alone and with the aids.
+    add("20-hold-prograde-level4", [](Controller& c) {
+        flyWithAids(c, 4, 4, 10);
+        press(c, kKeyF3);
+        tick(c, 60);
+        c.drawView.viewScale = 4.0e5;
+        c.drawView.viewCenter.x = c.game.player.pos.x;
+        c.drawView.viewCenter.y = c.game.player.pos.y;
+    });
+    for (const bool withAids : {false, true}) {
+        add(withAids ? "20-plan-level2-with-aids" : "20-plan-level2", [withAids](Controller& c) {
+            fly(c, 2, 2, 3);
+            if (withAids)
+                c.toggleNavAids();
+            c.keyDown(kKeyX); // full throttle
+            tick(c, 10);
+            c.keyUp(kKeyX);
+            // At the high point, whichever comes first.
+            press(c, kKeyF7);
+            press(c, kKeyF7);
+            c.keyDown(kKeyPageUp);
+            tick(c, 45);
+            c.keyUp(kKeyPageUp);
+            c.keyDown(kKeyEnd);
+            tick(c, 40);
+            c.keyUp(kKeyEnd);
+            press(c, kKeyF6);
+            tick(c, 30);
+            c.drawView.viewScale = 4.0e7;
+        });
+    }
     return all;
 }
 

@@ -1,0 +1,164 @@
+#include "control/controller.h"
+#include "control/keys.h"
+#include "physics/numeric.h"
+#include "play.h"
+#include "support/fake_resources.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace apsis {
+namespace {
+
+double angleOff(const Game& game) {
+    double wanted = 0;
+    EXPECT_TRUE(heldDirection(game, wanted));
+    return std::abs(std::remainder(wanted - game.player.pos.angle, kTwoPi));
+}
+
+// Each hold, chosen by its keys in level 6 (a target to dock with), brings the nose within 2
+// degrees of its direction and keeps it there, the craft turning by its own rule: the heading it
+// turns to never more than a quarter turn from its nose. A turn key ends the hold.
+TEST(Assists, EachHoldBringsTheNoseRoundAndKeepsItThere) {
+    ScopedFakeResources files;
+    const struct {
+        HoldKind kind;
+        std::vector<unsigned short> keys;
+    } holds[] = {
+        {HoldKind::Prograde, {kKeyF3}},
+        {HoldKind::Retrograde, {kKeyF3, kKeyF3}},
+        {HoldKind::RadialOut, {kKeyF4}},
+        {HoldKind::RadialIn, {kKeyF4, kKeyF4}},
+        {HoldKind::TowardsTarget, {kKeyF5}},
+        {HoldKind::AwayFromTarget, {kKeyF5, kKeyF5}},
+        {HoldKind::AgainstTargetMotion, {kKeyF5, kKeyF5, kKeyF5}},
+        {HoldKind::AlongPlan, {kKeyF7, kKeyPageUp, kKeyF9, kKeyF6}},
+    };
+    for (const auto& hold : holds) {
+        Controller c;
+        flySeeded(c, 6, 3);
+        c.game.timeStep = 60; // a quicker turn of the orbit than the level's own
+        for (const unsigned short key : hold.keys)
+            play::press(c, key);
+        ASSERT_EQ(c.game.hold.kind, hold.kind);
+        for (int tick = 0; tick < 200; ++tick) {
+            c.doFrame();
+            const Player& craft = c.game.player;
+            ASSERT_LE(std::abs(craft.targetAngle - craft.pos.angle), kHalfPi) << tick;
+            if (tick >= 100) {
+                ASSERT_LT(angleOff(c.game), 2 * kPi / 180) << holdName(hold.kind) << tick;
+            }
+        }
+        play::press(c, kKeyLeft);
+        EXPECT_EQ(c.game.hold.kind, HoldKind::Off);
+    }
+}
+
+// The assists' keys act in flight only; elsewhere they are not even the key a screen waits for.
+// Escape, Tab and a new level drop the plan; F8 does too.
+TEST(Assists, KeysActInFlightOnlyAndThePlanIsDropped) {
+    ScopedFakeResources files;
+    Controller c;
+    for (const MODE mode : {MODE_MENU, MODE_LEVEL, MODE_LEVEL_COMPLETE}) {
+        c.setMode(mode);
+        for (const unsigned short key : {kKeyF3, kKeyF7, kKeyHome, kKeyPageDown, kKeyF10})
+            play::press(c, key);
+        EXPECT_EQ(c.mode, mode);
+        EXPECT_FALSE(c.plan.isSet);
+        EXPECT_EQ(c.game.hold.kind, HoldKind::Off);
+    }
+    for (const unsigned short drop : {kKeyEscape, kKeyTab, kKeyF8, kKeyF7}) {
+        flySeeded(c, 2, 1);
+        play::press(c, kKeyF7);
+        ASSERT_TRUE(c.plan.isSet);
+        // Held, a key's steps grow: five ticks give more than five presses.
+        const double time = c.plan.time;
+        c.keyDown(kKeyEnd);
+        play::ticks(c, 5);
+        c.keyUp(kKeyEnd);
+        EXPECT_GT(c.plan.time - time, 6 * 10.0);
+        if (drop == kKeyF7)
+            c.startLevel(3);
+        else
+            play::press(c, drop);
+        EXPECT_FALSE(c.plan.isSet) << drop;
+    }
+}
+
+// The planned path, as the plan's read-outs and marks are found from it: the burn, then the fine
+// and coarse places after it.
+std::vector<PathSample> plannedPlaces(const Controller& c) {
+    std::vector<PathSample> places = c.plannedPath.found()->burn;
+    for (const PathSample& s : c.plannedPath.found()->fine)
+        places.push_back(s);
+    for (const PathSample& s : c.plannedPath.found()->coarse) {
+        if (s.elapsed > places.back().elapsed)
+            places.push_back(s);
+    }
+    return places;
+}
+
+// Where the plan has the craft at a moment of its path, between its places.
+Position plannedAt(const std::vector<PathSample>& places, double t) {
+    const auto after =
+        std::lower_bound(places.begin(), places.end(), t,
+                         [](const PathSample& s, double v) { return s.elapsed < v; });
+    const PathSample& b = *after;
+    const PathSample& a = after == places.begin() ? b : after[-1];
+    const double f = b.elapsed > a.elapsed ? (t - a.elapsed) / (b.elapsed - a.elapsed) : 1;
+    Position p;
+    p.x = a.craft.x + f * (b.craft.x - a.craft.x);
+    p.y = a.craft.y + f * (b.craft.y - a.craft.y);
+    return p;
+}
+
+// A plan flown as planned (the hold along the burn, the engine from its start for its duration)
+// keeps the craft on the planned path over the following orbit, within 1% of its distance from
+// Earth, and the read-out counts the velocity change down to zero.
+TEST(Assists, APlanFlownAsPlannedStaysOnItsPath) {
+    ScopedFakeResources files;
+    for (const int level : {2, 6}) {
+        Controller c;
+        flySeeded(c, level, 4);
+        c.game.timeStep = 60;
+        play::press(c, kKeyF7);
+        c.plan.along = 300;
+        c.plan.across = 40;
+        c.isPlanAsked = true;
+        play::press(c, kKeyF6);
+        c.doFrame();
+        c.plannedPath.settle();
+        const std::vector<PathSample> places = plannedPlaces(c);
+        const BurnPlan plan = c.plan;
+        const double end = plan.end(c.game.player);
+        const double orbitEnd = places.back().elapsed;
+        ASSERT_GT(places.size(), 100u);
+        double worst = 0;
+        double lowestCountDown = plan.deltaV();
+        for (int tick = 0; tick < 100000 && c.game.elapsedTime < orbitEnd; ++tick) {
+            const double now = c.game.elapsedTime;
+            if (c.plan.isSet && c.plan.fuelAtStart >= 0 && !c.game.player.isAccelerating &&
+                now < end)
+                c.keyDown(kKeyUp);
+            if (c.game.player.isAccelerating && now >= end - 1e-5)
+                c.keyUp(kKeyUp);
+            c.doFrame();
+            if (c.plan.isSet)
+                lowestCountDown = std::min(lowestCountDown, c.assistAids.remaining);
+            if (c.game.elapsedTime < places.front().elapsed || c.game.elapsedTime > orbitEnd)
+                continue;
+            const Position& p = c.game.player.pos;
+            const Position q = plannedAt(places, c.game.elapsedTime);
+            worst = std::max(worst, std::hypot(p.x - q.x, p.y - q.y) /
+                                        std::sqrt(sqDist(p, c.game.earth.pos)));
+        }
+        EXPECT_FALSE(c.plan.isSet) << level;
+        EXPECT_LT(worst, 0.01) << level;
+        EXPECT_LT(lowestCountDown, 0.01 * plan.deltaV()) << level;
+    }
+}
+
+} // namespace
+} // namespace apsis
