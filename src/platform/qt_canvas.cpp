@@ -2,6 +2,7 @@
 
 #include "platform/qt_clip.h"
 #include "platform/qt_convert.h"
+#include "platform/qt_magnify.h"
 #include "platform/qt_resources.h"
 #include "platform/qt_scaled_pictures.h"
 
@@ -213,7 +214,10 @@ void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rec
         to = visible;
     }
     painter_.setOpacity(opacity);
-    if (!drawScaledBefore(image, from, to))
+    const QRectF surface(0.0, 0.0, static_cast<double>(size_.width),
+                         static_cast<double>(size_.height));
+    if (!drawScaledBefore(image, from, to) && !(painter_.worldTransform().isIdentity() &&
+                                                drawMagnified(painter_, to, image, from, surface)))
         drawInBands(painter_, to, image, from);
     painter_.setOpacity(1.0);
 }
