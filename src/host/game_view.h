@@ -55,6 +55,7 @@ class GameView : public QWidget {
     std::vector<DamageCanvas::Mark> lastFrame_; // what the frame now on screen draws
     unsigned long long f2Released_ = 0; // when F2 was last let go, to tell its repeats apart
     bool wholeView_ = true;             // the next redraw must cover the whole view
+    unsigned decodesSeen_ = 0;          // pictures decoded when the view was last drawn
 };
 
 } // namespace apsis

@@ -3,7 +3,7 @@
 #include "platform/qt_clip.h"
 #include "platform/qt_convert.h"
 #include "platform/qt_magnify.h"
-#include "platform/qt_resources.h"
+#include "platform/qt_picture.h"
 #include "platform/qt_scaled_pictures.h"
 
 #include <algorithm>
@@ -54,6 +54,7 @@ QtCanvas::QtCanvas(QPainter& painter, Size size)
     painter_.setRenderHint(QPainter::TextAntialiasing);
     painter_.setRenderHint(QPainter::SmoothPixmapTransform);
     scaledPictures().beginRedraw();
+    QtPicture::beginRedraw();
 }
 
 QtCanvas::QtCanvas(QPainter& painter)
@@ -186,7 +187,7 @@ void QtCanvas::drawPath(const Path& path, const Color& c, bool fill) {
 void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
                            double opacity) {
     const auto* qtPicture = dynamic_cast<const QtPicture*>(picture);
-    if (qtPicture == nullptr || qtPicture->image().isNull())
+    if (qtPicture == nullptr)
         return;
     opacity = unitInterval(opacity);
     if (!(opacity > 0.0) || !finite(source) || !finite(dest))
@@ -194,10 +195,10 @@ void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rec
     if (!(source.width > 0.0f) || !(source.height > 0.0f) || !(dest.width > 0.0f) ||
         !(dest.height > 0.0f))
         return;
-    const QImage& image = qtPicture->image();
     // The picture's own rectangles count from its bottom-left corner too.
     QRectF from(static_cast<double>(source.x),
-                image.height() - static_cast<double>(source.y) - static_cast<double>(source.height),
+                static_cast<double>(picture->height()) - static_cast<double>(source.y) -
+                    static_cast<double>(source.height),
                 static_cast<double>(source.width), static_cast<double>(source.height));
     QRectF to = toQt(dest);
     if (!reaches(to, 1.0))
@@ -213,6 +214,15 @@ void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rec
                       visible.height() * sy);
         to = visible;
     }
+    // The pixels of the picture at the size it is drawn, in the surface's own pixels.
+    const double density =
+        std::max(painter_.deviceTransform().mapRect(to).width() / from.width(),
+                 painter_.deviceTransform().mapRect(to).height() / from.height());
+    const QtPicture::Pixels pixels = qtPicture->pixels(from, density);
+    if (pixels.image.isNull())
+        return;
+    const QImage& image = pixels.image;
+    from = pixels.from;
     painter_.setOpacity(opacity);
     const QRectF surface(0.0, 0.0, static_cast<double>(size_.width),
                          static_cast<double>(size_.height));

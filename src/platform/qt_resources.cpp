@@ -38,8 +38,28 @@ struct Descriptor {
     }
 };
 
-// The bytes of a regular file of at most limit bytes. Anything else, a folder, a FIFO, a device,
-// a longer file or one that cannot be read, is refused, and why is said in why.
+// A picture file's size, read from its header; invalid, with why, when the bytes are no picture
+// or a picture over the budget.
+QSize sizeOf(QByteArray bytes, std::string& why) {
+    QBuffer buffer(&bytes);
+    const QSize size = QImageReader(&buffer).size();
+    if (!size.isValid()) {
+        why = "not a picture";
+        return {};
+    }
+    if (qint64{size.width()} * size.height() > QtResources::kPixelLimit) {
+        why = "larger than " + std::to_string(QtResources::kPixelLimit) + " pixels";
+        return {};
+    }
+    return size;
+}
+
+void sayMissing(const std::filesystem::path& path, const std::string& why) {
+    std::fprintf(stderr, "apsis: %s: %s; taken as missing\n", path.c_str(), why.c_str());
+}
+
+} // namespace
+
 std::optional<QByteArray> readFile(const std::filesystem::path& path, qint64 limit,
                                    std::string& why) {
     // Opened without waiting, or a FIFO would hold the game here until something wrote to it.
@@ -82,61 +102,6 @@ std::optional<QByteArray> readFile(const std::filesystem::path& path, qint64 lim
     return bytes;
 }
 
-// Premultiplied alpha is what QPainter draws fastest; an opaque picture stays opaque.
-QImage prepared(QImage image) {
-    // Converted in place where Qt can: a sheet is not held twice over while it changes format.
-    return std::move(image).convertToFormat(
-        image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB888);
-}
-
-// A picture from a file's bytes, its size read from their header; its pixels wait for the first
-// draw, when the file is read again. Empty, with why, when the bytes are no picture or a picture
-// over the budget.
-PictureHandle pictureOf(QByteArray bytes, const std::filesystem::path& path, std::string& why) {
-    QBuffer buffer(&bytes);
-    QImageReader reader(&buffer);
-    const QSize size = reader.size();
-    if (!size.isValid()) {
-        why = "not a picture";
-        return {};
-    }
-    if (qint64{size.width()} * size.height() > QtResources::kPixelLimit) {
-        why = "larger than " + std::to_string(QtResources::kPixelLimit) + " pixels";
-        return {};
-    }
-    return std::make_shared<QtPicture>(size, path);
-}
-
-void sayMissing(const std::filesystem::path& path, const std::string& why) {
-    std::fprintf(stderr, "apsis: %s: %s; taken as missing\n", path.c_str(), why.c_str());
-}
-
-} // namespace
-
-QtPicture::QtPicture(QImage image) : size_(image.size()), image_(std::move(image)) {}
-
-QtPicture::QtPicture(QSize size, std::filesystem::path file)
-    : size_(size), file_(std::move(file)) {}
-
-const QImage& QtPicture::image() const {
-    if (file_.empty())
-        return image_;
-    std::string why;
-    std::optional<QByteArray> bytes = readFile(file_, QtResources::kPictureFileLimit, why);
-    QImage decoded;
-    if (bytes) {
-        QBuffer buffer(&*bytes);
-        decoded = QImageReader(&buffer).read();
-    }
-    // Tried once: a file that changed since is another picture, which the resources read anew.
-    if (decoded.size() == size_)
-        image_ = prepared(std::move(decoded));
-    else
-        sayMissing(file_, bytes ? "not the picture it was" : why);
-    file_.clear();
-    return image_;
-}
-
 std::filesystem::path QtResources::fileOf(const std::string& name, const std::string& type) const {
     return folder_ / (type.empty() ? name : name + "." + type);
 }
@@ -152,9 +117,21 @@ PictureHandle QtResources::loadPicture(const std::string& name, const std::strin
         return known->second.content;
     std::string why;
     std::optional<QByteArray> bytes = readFile(path, kPictureFileLimit, why);
-    PictureHandle picture = bytes ? pictureOf(std::move(*bytes), path, why) : PictureHandle();
-    if (!picture)
+    const QSize size = bytes ? sizeOf(std::move(*bytes), why) : QSize();
+    PictureHandle picture;
+    if (size.isValid()) {
+        std::vector<PictureFile> files{{path, size}};
+        // The same picture at twice the size, when it is there; silently none when it is not.
+        const auto finer = fileOf(name + "@2x", type);
+        std::string ignored;
+        if (std::optional<QByteArray> finerBytes = readFile(finer, kPictureFileLimit, ignored)) {
+            if (sizeOf(std::move(*finerBytes), ignored) == size * 2)
+                files.push_back({finer, size * 2});
+        }
+        picture = std::make_shared<QtPicture>(std::move(files));
+    } else {
         sayMissing(path, why);
+    }
     known->second = {stamp, picture};
     return picture;
 }

@@ -1,4 +1,4 @@
-// apsis_snapshot OUT_DIR [WIDTHxHEIGHT]
+// apsis_snapshot OUT_DIR [WIDTHxHEIGHT[@2x]]
 //
 // Renders every screen a player meets into OUT_DIR, one PNG each, through the same canvas as the
 // game's window but offscreen: a way to look at all of the game's pictures in a minute.
@@ -21,14 +21,17 @@ namespace {
 
 int usage() {
     std::fprintf(stderr,
-                 "usage: apsis_snapshot OUT_DIR [WIDTHxHEIGHT]\n"
-                 "Renders every screen of the game to OUT_DIR as PNG (default 1280x800).\n");
+                 "usage: apsis_snapshot OUT_DIR [WIDTHxHEIGHT[@2x]]\n"
+                 "Renders every screen of the game to OUT_DIR as PNG (default 1280x800); with\n"
+                 "@2x, on a screen of twice the density.\n");
     return 2;
 }
 
-// One redraw as the window makes it: black first, then the controller's drawing.
-QImage render(apsis::Controller& controller, QSize size) {
-    QImage image(size, QImage::Format_RGB32);
+// One redraw as the window makes it: black first, then the controller's drawing, on a surface of
+// ratio pixels to a point.
+QImage render(apsis::Controller& controller, QSize size, int ratio) {
+    QImage image(size * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
     image.fill(Qt::black);
     QPainter painter(&image);
     apsis::QtCanvas canvas(painter);
@@ -37,17 +40,26 @@ QImage render(apsis::Controller& controller, QSize size) {
     return image;
 }
 
+// The redraw as it shows once the pictures are decoded at the sizes it draws them.
+QImage renderDecoded(apsis::Controller& controller, QSize size, int ratio) {
+    render(controller, size, ratio);
+    apsis::QtPicture::waitForDecodes();
+    return render(controller, size, ratio);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     if (argc < 2 || argc > 3)
         return usage();
     QSize size(1280, 800);
+    int ratio = 1;
     if (argc == 3) {
-        const auto match = QRegularExpression("^(\\d{1,5})x(\\d{1,5})$").match(argv[2]);
+        const auto match = QRegularExpression("^(\\d{1,5})x(\\d{1,5})(@2x)?$").match(argv[2]);
         if (!match.hasMatch())
             return usage();
         size = QSize(match.captured(1).toInt(), match.captured(2).toInt());
+        ratio = match.hasCaptured(3) ? 2 : 1;
         if (size.width() < 1 || size.height() < 1)
             return usage();
     }
@@ -75,12 +87,14 @@ int main(int argc, char** argv) {
         auto controller = std::make_unique<apsis::Controller>();
         scene.play(*controller);
         const auto file = out / (scene.name + ".png");
-        if (render(*controller, size).save(QString::fromStdString(file.string()), "PNG")) {
+        if (renderDecoded(*controller, size, ratio)
+                .save(QString::fromStdString(file.string()), "PNG")) {
             std::printf("%s\n", file.c_str());
         } else {
             std::fprintf(stderr, "apsis_snapshot: cannot write %s\n", file.c_str());
             ++failures;
         }
     }
+    apsis::QtPicture::waitForDecodes();
     return failures == 0 ? 0 : 1;
 }

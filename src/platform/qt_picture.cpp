@@ -1,0 +1,269 @@
+#include "platform/qt_picture.h"
+
+#include "platform/qt_resources.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <cstdio>
+#include <mutex>
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QThreadPool>
+
+namespace apsis {
+
+// One size of a picture, or a band of lines of it, decoded once by whichever thread gets to it
+// first; the other waits, or looks at done and does not.
+struct QtPicture::Decode {
+    PictureFile file;
+    QSize size;    // the whole picture at this size
+    int top = 0;   // the first line held
+    int lines = 0; // lines held from top
+    QImage image;  // the pixels, once done; null when the file did not decode as announced
+    std::atomic<bool> done = false;
+    std::once_flag once;
+};
+
+namespace {
+
+// Pictures larger than this are decoded a band of lines at a time: a band as tall as an eighth of
+// the picture, or the few bands that what is drawn reaches into.
+constexpr qint64 kWholeLimit = qint64{2048} * 2048; // pixels
+constexpr int kBands = 8;
+// What was not drawn in this many redraws is let go; they are looked over every kSweep redraws.
+constexpr int kUnusedRedraws = 90;
+constexpr int kSweep = 30;
+
+// The decoding thread: one, so that decoding never takes both cores, and pictures are decoded in
+// the order they were asked for. Never destroyed: a pool waits for its work as it goes, and at
+// exit Qt's own may already be gone from under a decode. A program waits for its decodes
+// (waitForDecodes) before it leaves.
+QThreadPool& decoder() {
+    static QThreadPool* pool = [] {
+        auto* p = new QThreadPool();
+        p->setMaxThreadCount(1);
+        return p;
+    }();
+    return *pool;
+}
+
+std::atomic<unsigned> gDecodesDone = 0;
+int gRedraw = 0; // redraws begun, on the drawing thread
+
+// Every picture made from files, for letting go of what they hold. Never destroyed: pictures
+// held by other static objects may outlive any order of destruction.
+std::vector<const QtPicture*>& pictures() {
+    static auto* all = new std::vector<const QtPicture*>();
+    return *all;
+}
+
+// The lines of a picture at size that a draw of from (in pixels of the picture's own size
+// `own`) reads: first to last, last excluded.
+std::pair<int, int> linesOf(const QRectF& from, QSize size, QSize own) {
+    const double scale = static_cast<double>(size.height()) / own.height();
+    const int first =
+        std::clamp(static_cast<int>(std::floor(from.top() * scale)), 0, size.height() - 1);
+    const int last =
+        std::clamp(static_cast<int>(std::ceil(from.bottom() * scale)), first + 1, size.height());
+    return {first, last};
+}
+
+// Premultiplied alpha is what QPainter draws fastest; an opaque picture stays opaque.
+QImage prepared(QImage image) {
+    // Converted in place where Qt can: a sheet is not held twice over while it changes format.
+    return std::move(image).convertToFormat(
+        image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB888);
+}
+
+void decode(QtPicture::Decode& d) {
+    std::string why = "not the picture it was";
+    std::optional<QByteArray> bytes = readFile(d.file.path, QtResources::kPictureFileLimit, why);
+    QImage image;
+    if (bytes) {
+        QBuffer buffer(&*bytes);
+        QImageReader reader(&buffer);
+        if (reader.size() == d.file.size) {
+            const QRect band(0, d.top, d.size.width(), d.lines);
+            if (d.size != d.file.size)
+                reader.setScaledSize(d.size);
+            if (d.lines != d.size.height()) {
+                // Lines are cut while the file is read when its own size is decoded.
+                if (d.size == d.file.size)
+                    reader.setClipRect(band);
+                else
+                    reader.setScaledClipRect(band);
+            }
+            image = reader.read();
+        }
+    }
+    if (image.size() == QSize(d.size.width(), d.lines))
+        d.image = prepared(std::move(image));
+    else
+        std::fprintf(stderr, "apsis: %s: %s; taken as missing\n", d.file.path.c_str(), why.c_str());
+    d.done.store(true, std::memory_order_release);
+}
+
+void run(const std::shared_ptr<QtPicture::Decode>& d) {
+    std::call_once(d->once, [&] { decode(*d); });
+}
+
+bool isDone(const QtPicture::Decode& d) {
+    return d.done.load(std::memory_order_acquire);
+}
+
+// The sizes a file decodes to cheaply: its own, and JPEG's halves, quarters and eighths.
+std::vector<QSize> sizesOf(const PictureFile& file) {
+    std::vector<QSize> sizes;
+    for (const int reduction : {8, 4, 2, 1}) {
+        const QSize size(file.size.width() / reduction, file.size.height() / reduction);
+        if (size.width() * reduction == file.size.width() &&
+            size.height() * reduction == file.size.height() && !size.isEmpty())
+            sizes.push_back(size);
+    }
+    return sizes;
+}
+
+} // namespace
+
+QtPicture::QtPicture(QImage image) : size_(image.size()) {
+    auto d = std::make_shared<Decode>();
+    d->size = size_;
+    d->lines = size_.height();
+    d->image = std::move(image);
+    d->done = true;
+    std::call_once(d->once, [] {});
+    levels_.push_back({d, 0});
+}
+
+QtPicture::QtPicture(std::vector<PictureFile> files) : size_(files.front().size), files_(files) {
+    pictures().push_back(this);
+    // The coarsest size, to have something to draw as soon as can be.
+    const QSize coarsest = sizesOf(files_.front()).front();
+    levelFor(0, coarsest, QRectF(QPointF(), QSizeF(size_)), true);
+}
+
+QtPicture::~QtPicture() {
+    std::erase(pictures(), this);
+}
+
+QtPicture::Level& QtPicture::levelFor(int file, QSize size, const QRectF& from, bool queue) const {
+    // The lines of the picture at this size that a draw from reads, and the band that holds them.
+    const auto [first, last] = linesOf(from, size, size_);
+    int top = 0;
+    int bottom = size.height();
+    if (qint64{size.width()} * size.height() > kWholeLimit) {
+        const int band = (size.height() + kBands - 1) / kBands;
+        top = first / band * band;
+        bottom = std::min(size.height(), (last + band - 1) / band * band);
+    }
+    const auto& path = files_[static_cast<std::size_t>(file)].path;
+    for (Level& level : levels_) {
+        const Decode& d = *level.decode;
+        if (d.file.path == path && d.size == size && d.top <= first && d.top + d.lines >= last)
+            return level;
+    }
+    auto d = std::make_shared<Decode>();
+    d->file = files_[static_cast<std::size_t>(file)];
+    d->size = size;
+    d->top = top;
+    d->lines = bottom - top;
+    if (queue)
+        decoder().start([d] {
+            run(d);
+            gDecodesDone.fetch_add(1, std::memory_order_release);
+        });
+    levels_.push_back({d, gRedraw});
+    return levels_.back();
+}
+
+QtPicture::Pixels QtPicture::pixels(const QRectF& from, double density) const {
+    // The coarsest size that has a pixel for each of the surface's, or else the finest; of two
+    // alike, the one from the picture's own file.
+    int file = -1;
+    QSize wanted;
+    for (std::size_t i = 0; i < files_.size(); ++i) {
+        for (const QSize size : sizesOf(files_[i])) {
+            const bool fine = size.width() >= 0.98 * density * size_.width();
+            const bool wantedFine = wanted.width() >= 0.98 * density * size_.width();
+            if (file < 0 || (fine && (!wantedFine || size.width() < wanted.width())) ||
+                (!fine && !wantedFine && size.width() > wanted.width())) {
+                file = static_cast<int>(i);
+                wanted = size;
+            }
+        }
+    }
+    Level* drawn = nullptr;
+    if (file >= 0) {
+        Level& level = levelFor(file, wanted, from, true);
+        level.lastUsed = gRedraw;
+        if (isDone(*level.decode) && !level.decode->image.isNull())
+            drawn = &level;
+    }
+    // Until it is decoded, the size at hand nearest to it that holds the lines drawn.
+    if (drawn == nullptr) {
+        const double wantedScale =
+            file < 0 ? 1.0 : static_cast<double>(wanted.width()) / size_.width();
+        double nearest = 0.0;
+        for (Level& level : levels_) {
+            const Decode& d = *level.decode;
+            if (!isDone(d) || d.image.isNull())
+                continue;
+            const auto [first, last] = linesOf(from, d.size, size_);
+            if (d.top > first || d.top + d.lines < last)
+                continue;
+            const double scale = static_cast<double>(d.size.width()) / size_.width();
+            // Finer rather than coarser, of two as far off.
+            const double distance =
+                std::abs(std::log(scale / wantedScale)) - (scale > wantedScale ? 0.01 : 0.0);
+            if (drawn == nullptr || distance < nearest) {
+                drawn = &level;
+                nearest = distance;
+            }
+        }
+        if (drawn != nullptr)
+            drawn->lastUsed = gRedraw;
+    }
+    if (drawn == nullptr)
+        return {};
+    const Decode& d = *drawn->decode;
+    const double sx = static_cast<double>(d.size.width()) / size_.width();
+    const double sy = static_cast<double>(d.size.height()) / size_.height();
+    return {d.image, QRectF(from.left() * sx, from.top() * sy - d.top, from.width() * sx,
+                            from.height() * sy)};
+}
+
+QImage QtPicture::image() const {
+    if (files_.empty())
+        return levels_.front().decode->image;
+    Level& level = levelFor(0, size_, QRectF(QPointF(), QSizeF(size_)), false);
+    level.lastUsed = gRedraw;
+    run(level.decode);
+    return level.decode->image;
+}
+
+void QtPicture::letGoOfUnused(int before) const {
+    if (levels_.size() > 1)
+        levels_.erase(std::remove_if(levels_.begin() + 1, levels_.end(),
+                                     [before](const Level& l) { return l.lastUsed < before; }),
+                      levels_.end());
+}
+
+unsigned QtPicture::decodesDone() {
+    return gDecodesDone.load(std::memory_order_acquire);
+}
+
+void QtPicture::waitForDecodes() {
+    decoder().waitForDone();
+}
+
+void QtPicture::beginRedraw() {
+    ++gRedraw;
+    if (gRedraw % kSweep == 0) {
+        for (const QtPicture* picture : pictures())
+            picture->letGoOfUnused(gRedraw - kUnusedRedraws);
+    }
+}
+
+} // namespace apsis
