@@ -69,12 +69,14 @@ QRectF QtCanvas::toQt(const Rect& r) const {
         .normalized();
 }
 
+bool QtCanvas::onSurface(const QRectF& r, double margin) const {
+    return r.right() >= -margin && r.left() <= static_cast<double>(size_.width) + margin &&
+           r.bottom() >= -margin && r.top() <= static_cast<double>(size_.height) + margin;
+}
+
 bool QtCanvas::reaches(const QRectF& r, double margin) const {
-    const bool onSurface =
-        r.right() >= -margin && r.left() <= static_cast<double>(size_.width) + margin &&
-        r.bottom() >= -margin && r.top() <= static_cast<double>(size_.height) + margin;
-    if (!onSurface || !dirty_)
-        return onSurface;
+    if (!onSurface(r, margin) || !dirty_)
+        return onSurface(r, margin);
     // Clamped to the surface first: the rectangle may be millions of points wide.
     const QRectF surface(-margin, -margin, static_cast<double>(size_.width) + 2.0 * margin,
                          static_cast<double>(size_.height) + 2.0 * margin);
@@ -201,7 +203,7 @@ void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rec
                     static_cast<double>(source.height),
                 static_cast<double>(source.width), static_cast<double>(source.height));
     QRectF to = toQt(dest);
-    if (!reaches(to, 1.0))
+    if (!onSurface(to, 1.0))
         return;
     // A picture scaled to millions of points is cut to the window, and its source with it in
     // proportion, so that Qt scales only what can be seen.
@@ -214,12 +216,12 @@ void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rec
                       visible.height() * sy);
         to = visible;
     }
-    // The pixels of the picture at the size it is drawn, in the surface's own pixels.
-    const double density =
-        std::max(painter_.deviceTransform().mapRect(to).width() / from.width(),
-                 painter_.deviceTransform().mapRect(to).height() / from.height());
+    // The pixels of the picture at the size it is drawn, in the surface's own pixels: asked for
+    // even where this redraw leaves the picture as it is, since it is still on screen and kept.
+    const QRectF device = painter_.deviceTransform().mapRect(to);
+    const double density = std::max(device.width() / from.width(), device.height() / from.height());
     const QtPicture::Pixels pixels = qtPicture->pixels(from, density);
-    if (pixels.image.isNull())
+    if (pixels.image.isNull() || !reaches(to, 1.0))
         return;
     const QImage& image = pixels.image;
     from = pixels.from;
