@@ -47,6 +47,20 @@ BENCHMARK(BM_FlightFrame)
     ->Unit(benchmark::kMillisecond)
     ->MeasureProcessCPUTime();
 
+// Level 3 as it opens: Earth, 25,000 km away, fills most of the view, drawn from its largest
+// frames about as large as they are.
+void BM_OpeningFrame(benchmark::State& state) {
+    apsis::bench::useGameResources();
+    auto c = std::make_unique<Controller>();
+    fly(*c, 3, 3);
+    drawFrames(state, *c, static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+}
+BENCHMARK(BM_OpeningFrame)
+    ->Args({1280, 800})
+    ->Args({1920, 1080})
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime();
+
 // Level 7 as it starts: 200 m across the view, the station and the craft beside it filling the
 // view as pictures hundreds of points wide, and every planet billions of points away.
 void BM_DeepZoomFrame(benchmark::State& state) {
