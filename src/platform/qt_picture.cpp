@@ -196,6 +196,16 @@ QtPicture::Pixels QtPicture::pixels(const QRectF& from, double density) const {
     }
     Level* drawn = nullptr;
     if (file >= 0) {
+        // A sheet's frames run row by row: of a band, the next one is decoded ahead, so that a
+        // turning body does not go blurred for a moment as it moves on to the next row.
+        const std::shared_ptr<Decode> band = levelFor(file, wanted, from, true).decode;
+        if (band->lines < band->size.height()) {
+            const int end = band->top + band->lines;
+            const int next = end < band->size.height() ? end : 0;
+            const double scale = static_cast<double>(size_.height()) / band->size.height();
+            levelFor(file, wanted, QRectF(0.0, (next + 0.5) * scale, 1.0, 0.0), true).lastUsed =
+                gRedraw;
+        }
         Level& level = levelFor(file, wanted, from, true);
         level.lastUsed = gRedraw;
         if (isDone(*level.decode) && !level.decode->image.isNull())

@@ -93,6 +93,10 @@ TEST_F(QtPictureTest, AFrameDecodedAtTheSizeDrawnIsTheFrameOfTheWholeSheetScaled
             EXPECT_LT(meanDifference(part, scaled), reduction == 1 ? 0.01 : 3.0);
         }
     }
+    // The band after the one drawn is decoded ahead: the next row of frames is at hand at once.
+    const QtPicture turning({file});
+    drawn(turning, QRectF(0, 0, 320, 320), 1.0);
+    EXPECT_EQ(turning.pixels(QRectF(0, 320, 320, 320), 1.0).from, QRectF(0, 0, 320, 320));
     // Drawn larger than its own size, the picture is drawn from all of its pixels.
     EXPECT_EQ(drawn(picture, QRectF(0, 0, 320, 320), 3.0).size(), QSize(320, 320));
 }
