@@ -5,6 +5,9 @@
 #include <cstdint>
 #include <vector>
 
+#include <QPaintEngine>
+#include <QRegion>
+
 namespace apsis {
 namespace {
 
@@ -46,51 +49,96 @@ inline std::uint32_t blend(std::uint32_t a, std::uint32_t b, std::uint32_t w) {
     return redBlue | alphaGreen;
 }
 
-} // namespace
+// The lines of the picture that a magnified draw reads, blended across to the surface's pixels,
+// and where each line of the surface samples them.
+struct Lines {
+    QRect area;
+    Samples down;
+    int first = 0;
+    std::vector<std::uint32_t> pixels; // area.width() a line
+    QImage::Format format = QImage::Format_RGB32;
+};
 
-QImage magnified(const QImage& image, const QRectF& from, const QRectF& target, const QRect& area) {
+bool linesOf(Lines& l, const QImage& image, const QRectF& from, const QRectF& target,
+             const QRect& area) {
     const QRect readable = from.toAlignedRect().intersected(image.rect());
     if (area.isEmpty() || readable.isEmpty())
-        return {};
-    const bool opaque = !image.hasAlphaChannel();
+        return false;
+    l.area = area;
+    l.format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
     // Only the pixels that may be read, four bytes each.
-    const QImage pixels = image.copy(readable).convertToFormat(
-        opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+    const QImage pixels = image.copy(readable).convertToFormat(l.format);
     const Samples across =
         samplesOf(area.left(), area.width(), target.left(), target.width(),
                   from.left() - readable.left(), from.width(), 0, readable.width() - 1);
-    const Samples down =
-        samplesOf(area.top(), area.height(), target.top(), target.height(),
-                  from.top() - readable.top(), from.height(), 0, readable.height() - 1);
-
-    // Each line of the picture that is read, blended across to the surface's width.
-    const int firstLine = down.first.front();
-    const int lastLine = down.second.back();
+    l.down = samplesOf(area.top(), area.height(), target.top(), target.height(),
+                       from.top() - readable.top(), from.height(), 0, readable.height() - 1);
+    l.first = l.down.first.front();
+    const int last = l.down.second.back();
     const auto width = static_cast<std::size_t>(area.width());
-    std::vector<std::uint32_t> lines(width * static_cast<std::size_t>(lastLine - firstLine + 1));
-    for (int line = firstLine; line <= lastLine; ++line) {
+    l.pixels.resize(width * static_cast<std::size_t>(last - l.first + 1));
+    for (int line = l.first; line <= last; ++line) {
         const auto* in = reinterpret_cast<const std::uint32_t*>(pixels.constScanLine(line));
-        std::uint32_t* out = lines.data() + width * static_cast<std::size_t>(line - firstLine);
+        std::uint32_t* out = l.pixels.data() + width * static_cast<std::size_t>(line - l.first);
         for (std::size_t i = 0; i < width; ++i)
             out[i] = blend(in[across.first[i]], in[across.second[i]], across.weight[i]);
     }
+    return true;
+}
 
-    // Each line of the surface, blended down between two of those channel by channel: the same
-    // sums as blend's, in a form the compiler does sixteen at a time.
-    QImage result(area.size(), pixels.format());
-    const std::size_t bytes = 4 * width;
-    for (int y = 0; y < area.height(); ++y) {
-        const auto row = static_cast<std::size_t>(y);
-        const auto* upper = reinterpret_cast<const std::uint8_t*>(
-            lines.data() + width * static_cast<std::size_t>(down.first[row] - firstLine));
-        const auto* lower = reinterpret_cast<const std::uint8_t*>(
-            lines.data() + width * static_cast<std::size_t>(down.second[row] - firstLine));
-        const auto w = static_cast<std::uint16_t>(down.weight[row]);
+// Writes the pixels part (surface pixels, within l.area) into into, whose pixel (0, 0) lies at
+// origin of the surface. Each line of the surface is blended down between two of the lines
+// channel by channel: the same sums as blend's, in a form the compiler does sixteen at a time.
+void write(const Lines& l, const QRect& part, QImage& into, QPoint origin) {
+    const auto width = static_cast<std::size_t>(l.area.width());
+    const auto skip = static_cast<std::size_t>(4 * (part.left() - l.area.left()));
+    const auto bytes = static_cast<std::size_t>(4 * part.width());
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        const auto row = static_cast<std::size_t>(y - l.area.top());
+        const auto* upper =
+            reinterpret_cast<const std::uint8_t*>(
+                l.pixels.data() + width * static_cast<std::size_t>(l.down.first[row] - l.first)) +
+            skip;
+        const auto* lower =
+            reinterpret_cast<const std::uint8_t*>(
+                l.pixels.data() + width * static_cast<std::size_t>(l.down.second[row] - l.first)) +
+            skip;
+        const auto w = static_cast<std::uint16_t>(l.down.weight[row]);
         const auto v = static_cast<std::uint16_t>(256 - w);
-        std::uint8_t* out = result.scanLine(y);
+        // Written where the painter writes: never a copy of the pixels made for this.
+        auto* out = const_cast<std::uint8_t*>(into.constScanLine(y - origin.y())) +
+                    4 * (part.left() - origin.x());
         for (std::size_t i = 0; i < bytes; ++i)
             out[i] = static_cast<std::uint8_t>((upper[i] * v + lower[i] * w) >> 8);
     }
+}
+
+// The image the painter writes into, when it is one that an opaque picture may be written into
+// directly, pixel for pixel: a raster image of 32-bit pixels, drawn on at full opacity, over.
+QImage* writableSurface(QPainter& painter, const QImage& image) {
+    QPaintEngine* engine = painter.paintEngine();
+    if (image.hasAlphaChannel() || engine == nullptr || engine->type() != QPaintEngine::Raster ||
+        painter.opacity() != 1.0 ||
+        painter.compositionMode() != QPainter::CompositionMode_SourceOver)
+        return nullptr;
+    QPaintDevice* device = engine->paintDevice();
+    if (device == nullptr || device->devType() != QInternal::Image)
+        return nullptr;
+    auto* surface = static_cast<QImage*>(device);
+    const QImage::Format format = surface->format();
+    return format == QImage::Format_RGB32 || format == QImage::Format_ARGB32_Premultiplied
+               ? surface
+               : nullptr;
+}
+
+} // namespace
+
+QImage magnified(const QImage& image, const QRectF& from, const QRectF& target, const QRect& area) {
+    Lines lines;
+    if (!linesOf(lines, image, from, target, area))
+        return {};
+    QImage result(area.size(), lines.format);
+    write(lines, area, result, area.topLeft());
     return result;
 }
 
@@ -112,11 +160,21 @@ bool drawMagnified(QPainter& painter, const QRectF& to, const QImage& image, con
     if (painter.hasClipping())
         area = area.intersected(
             device.mapRect(painter.clipBoundingRect()).toAlignedRect().adjusted(-1, -1, 1, 1));
-    if (area.isEmpty())
+    Lines lines;
+    if (area.isEmpty() || !linesOf(lines, image, from, target, area))
         return true;
-    const QImage part = magnified(image, from, target, area);
-    if (part.isNull())
+    // Written straight into the surface where the painter's clip lets it, when it can be: a
+    // copy of the view's size less to make and to copy again.
+    if (QImage* pixels = writableSurface(painter, image)) {
+        QRegion region(area.intersected(pixels->rect()));
+        if (painter.hasClipping())
+            region &= device.map(painter.clipRegion());
+        for (const QRect& part : region)
+            write(lines, part, *pixels, QPoint(0, 0));
         return true;
+    }
+    QImage part(area.size(), lines.format);
+    write(lines, area, part, area.topLeft());
     const QTransform world = painter.worldTransform();
     painter.setWorldTransform(device.inverted());
     painter.drawImage(area.topLeft(), part);
