@@ -180,10 +180,14 @@ QtPicture::Level& QtPicture::levelFor(int file, QSize size, const QRectF& from, 
 
 QtPicture::Pixels QtPicture::pixels(const QRectF& from, double density) const {
     // The coarsest size that has a pixel for each of the surface's, or else the finest; of two
-    // alike, the one from the picture's own file.
+    // alike, the one from the picture's own file. A finer file is for a surface of its density
+    // or more (a device pixel ratio of 2): on any other the picture's own is enough.
     int file = -1;
     QSize wanted;
     for (std::size_t i = 0; i < files_.size(); ++i) {
+        const double finer = static_cast<double>(files_[i].size.width()) / size_.width();
+        if (i > 0 && density < 0.98 * finer)
+            break;
         for (const QSize size : sizesOf(files_[i])) {
             const bool fine = size.width() >= 0.98 * density * size_.width();
             const bool wantedFine = wanted.width() >= 0.98 * density * size_.width();
