@@ -4,7 +4,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <malloc.h>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -42,11 +41,6 @@ void holdStartupMessage(QtMsgType type, const QMessageLogContext&, const QString
 } // namespace
 
 int main(int argc, char** argv) {
-    // Decoded pictures come and go by the megabyte as the view zooms, some of them on the
-    // decoding thread. Left to itself the allocator keeps what a large block freed for the next,
-    // and the game would hold the most it ever decoded at once for the rest of its run; mapped
-    // and unmapped as they come and go, they are given back when let go.
-    mallopt(M_MMAP_THRESHOLD, 128 * 1024);
     if (argc > 1) {
         const std::string_view option = argv[1];
         const bool known = option == "--help" || option == "--version";

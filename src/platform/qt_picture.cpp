@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cmath>
 #include <cstdio>
+#include <malloc.h>
 #include <mutex>
 
 #include <QBuffer>
@@ -33,8 +34,8 @@ namespace {
 constexpr qint64 kWholeLimit = qint64{2048} * 2048; // pixels
 constexpr int kBands = 8;
 // What was not drawn in this many redraws is let go; they are looked over every kSweep redraws.
-constexpr int kUnusedRedraws = 90;
-constexpr int kSweep = 30;
+constexpr int kUnusedRedraws = 45;
+constexpr int kSweep = 15;
 
 // The decoding thread: one, so that decoding never takes both cores, and pictures are decoded in
 // the order they were asked for. Never destroyed: a pool waits for its work as it goes, and at
@@ -75,6 +76,15 @@ QImage prepared(QImage image) {
     // Converted in place where Qt can: a sheet is not held twice over while it changes format.
     return std::move(image).convertToFormat(
         image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB888);
+}
+
+// Decoding frees blocks of megabytes, on this thread and the drawing one, and the allocator
+// keeps freed memory for the next block (its threshold for mapping blocks of their own rises to
+// the largest block freed): left alone, the game would hold the most it ever decoded at once for
+// the rest of its run. Handed back after each decode and each letting go, away from the frames'
+// own allocations, which reuse what they free.
+void giveBackFreedMemory() {
+    malloc_trim(0);
 }
 
 void decode(QtPicture::Decode& d) {
@@ -172,6 +182,7 @@ QtPicture::Level& QtPicture::levelFor(int file, QSize size, const QRectF& from, 
     if (queue)
         decoder().start([d] {
             run(d);
+            giveBackFreedMemory();
             gDecodesDone.fetch_add(1, std::memory_order_release);
         });
     levels_.push_back({d, gRedraw});
@@ -207,8 +218,22 @@ QtPicture::Pixels QtPicture::pixels(const QRectF& from, double density) const {
             const int end = band->top + band->lines;
             const int next = end < band->size.height() ? end : 0;
             const double scale = static_cast<double>(size_.height()) / band->size.height();
-            levelFor(file, wanted, QRectF(0.0, (next + 0.5) * scale, 1.0, 0.0), true).lastUsed =
-                gRedraw;
+            const std::shared_ptr<Decode> ahead =
+                levelFor(file, wanted, QRectF(0.0, (next + 0.5) * scale, 1.0, 0.0), true).decode;
+            // The other bands of this size hold none of the lines drawn: they go now, not after
+            // a few seconds of holding a sheet's worth of bands.
+            levels_.erase(std::remove_if(levels_.begin() + 1, levels_.end(),
+                                         [&](const Level& l) {
+                                             const Decode& d = *l.decode;
+                                             return d.size == band->size &&
+                                                    d.file.path == band->file.path &&
+                                                    l.decode != band && l.decode != ahead;
+                                         }),
+                          levels_.end());
+            for (Level& l : levels_) {
+                if (l.decode == ahead)
+                    l.lastUsed = gRedraw;
+            }
         }
         Level& level = levelFor(file, wanted, from, true);
         level.lastUsed = gRedraw;
@@ -257,11 +282,13 @@ QImage QtPicture::image() const {
     return level.decode->image;
 }
 
-void QtPicture::letGoOfUnused(int before) const {
-    if (levels_.size() > 1)
+bool QtPicture::letGoOfUnused(int before) const {
+    const std::size_t held = levels_.size();
+    if (held > 1)
         levels_.erase(std::remove_if(levels_.begin() + 1, levels_.end(),
                                      [before](const Level& l) { return l.lastUsed < before; }),
                       levels_.end());
+    return levels_.size() < held;
 }
 
 unsigned QtPicture::decodesDone() {
@@ -275,8 +302,11 @@ void QtPicture::waitForDecodes() {
 void QtPicture::beginRedraw() {
     ++gRedraw;
     if (gRedraw % kSweep == 0) {
+        bool letGo = false;
         for (const QtPicture* picture : pictures())
-            picture->letGoOfUnused(gRedraw - kUnusedRedraws);
+            letGo = picture->letGoOfUnused(gRedraw - kUnusedRedraws) || letGo;
+        if (letGo)
+            giveBackFreedMemory();
     }
 }
 

@@ -72,7 +72,8 @@ class QtPicture final : public Picture {
     // The level holding the lines of from that a draw from file at size reads, made and queued
     // when there is none.
     Level& levelFor(int file, QSize size, const QRectF& from, bool queue) const;
-    void letGoOfUnused(int before) const;
+    // Lets go of the sizes last drawn before the given redraw; whether there were any.
+    bool letGoOfUnused(int before) const;
 
     QSize size_;
     std::vector<PictureFile> files_;
