@@ -1,6 +1,7 @@
 #include "platform/qt_magnify.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <vector>
@@ -86,10 +87,14 @@ bool linesOf(Lines& l, const QImage& image, const QRectF& from, const QRectF& ta
     return true;
 }
 
+// The byte of a 32-bit pixel that holds its alpha, where it lies in memory.
+constexpr std::size_t kAlpha = std::endian::native == std::endian::little ? 3 : 0;
+
 // Writes the pixels part (surface pixels, within l.area) into into, whose pixel (0, 0) lies at
-// origin of the surface. Each line of the surface is blended down between two of the lines
-// channel by channel: the same sums as blend's, in a form the compiler does sixteen at a time.
-void write(const Lines& l, const QRect& part, QImage& into, QPoint origin) {
+// origin of the surface, or lays them over what is there when over. Each line of the surface is
+// blended down between two of the lines channel by channel: the same sums as blend's, in a form the
+// compiler does sixteen at a time.
+void write(const Lines& l, const QRect& part, QImage& into, QPoint origin, bool over = false) {
     const auto width = static_cast<std::size_t>(l.area.width());
     const auto skip = static_cast<std::size_t>(4 * (part.left() - l.area.left()));
     const auto bytes = static_cast<std::size_t>(4 * part.width());
@@ -108,17 +113,31 @@ void write(const Lines& l, const QRect& part, QImage& into, QPoint origin) {
         // Written where the painter writes: never a copy of the pixels made for this.
         auto* out = const_cast<std::uint8_t*>(into.constScanLine(y - origin.y())) +
                     4 * (part.left() - origin.x());
-        for (std::size_t i = 0; i < bytes; ++i)
-            out[i] = static_cast<std::uint8_t>((upper[i] * v + lower[i] * w) >> 8);
+        if (!over) {
+            for (std::size_t i = 0; i < bytes; ++i)
+                out[i] = static_cast<std::uint8_t>((upper[i] * v + lower[i] * w) >> 8);
+            continue;
+        }
+        // Laid over what is there, as Qt lays a premultiplied pixel: what shows through is
+        // kept in proportion to the transparency, divided by 255 with Qt's rounding.
+        const unsigned wu = w;
+        const unsigned vu = v;
+        for (std::size_t p = 0; p < bytes; p += 4) {
+            const unsigned keep = 255U - ((upper[p + kAlpha] * vu + lower[p + kAlpha] * wu) >> 8);
+            for (std::size_t c = p; c < p + 4; ++c) {
+                const unsigned laid = (upper[c] * vu + lower[c] * wu) >> 8;
+                const unsigned kept = out[c] * keep + 0x80U;
+                out[c] = static_cast<std::uint8_t>(laid + ((kept + (kept >> 8)) >> 8));
+            }
+        }
     }
 }
 
-// The image the painter writes into, when it is one that an opaque picture may be written into
-// directly, pixel for pixel: a raster image of 32-bit pixels, drawn on at full opacity, over.
-QImage* writableSurface(QPainter& painter, const QImage& image) {
+// The image the painter writes into, when a picture may be written or laid into it directly,
+// pixel for pixel: a raster image of 32-bit pixels, drawn on at full opacity, over.
+QImage* writableSurface(QPainter& painter) {
     QPaintEngine* engine = painter.paintEngine();
-    if (image.hasAlphaChannel() || engine == nullptr || engine->type() != QPaintEngine::Raster ||
-        painter.opacity() != 1.0 ||
+    if (engine == nullptr || engine->type() != QPaintEngine::Raster || painter.opacity() != 1.0 ||
         painter.compositionMode() != QPainter::CompositionMode_SourceOver)
         return nullptr;
     QPaintDevice* device = engine->paintDevice();
@@ -165,12 +184,12 @@ bool drawMagnified(QPainter& painter, const QRectF& to, const QImage& image, con
         return true;
     // Written straight into the surface where the painter's clip lets it, when it can be: a
     // copy of the view's size less to make and to copy again.
-    if (QImage* pixels = writableSurface(painter, image)) {
+    if (QImage* pixels = writableSurface(painter)) {
         QRegion region(area.intersected(pixels->rect()));
         if (painter.hasClipping())
             region &= device.map(painter.clipRegion());
         for (const QRect& part : region)
-            write(lines, part, *pixels, QPoint(0, 0));
+            write(lines, part, *pixels, QPoint(0, 0), image.hasAlphaChannel());
         return true;
     }
     QImage part(area.size(), lines.format);

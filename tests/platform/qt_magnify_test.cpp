@@ -25,13 +25,13 @@ QImage noise(bool transparent) {
     return picture;
 }
 
-// A black surface of the given size with the picture's part from drawn into to, by Qt's filtered
-// drawing or by ours.
+// A blue surface of the given size (a transparent picture shows it through) with the picture's part
+// from drawn into to, by Qt's filtered drawing or by ours.
 QImage drawn(QSize size, const QImage& picture, const QRectF& from, const QRectF& to, bool ours,
              qreal ratio = 1.0, QRect clip = {}) {
     QImage surface(size * ratio, QImage::Format_RGB32);
     surface.setDevicePixelRatio(ratio);
-    surface.fill(Qt::black);
+    surface.fill(QColor(40, 90, 160));
     QPainter painter(&surface);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     if (!clip.isNull())
@@ -103,7 +103,8 @@ TEST(Magnify, DrawsOnlyWithinTheClipAndLeavesSlightMagnificationToQt) {
     for (int y = 0; y < 120; ++y) {
         for (int x = 0; x < 160; ++x) {
             const bool inside = x >= 40 && x < 90 && y >= 30 && y < 50;
-            ASSERT_EQ(clipped.pixel(x, y), inside ? whole.pixel(x, y) : qRgb(0, 0, 0)) << x << y;
+            ASSERT_EQ(clipped.pixel(x, y), inside ? whole.pixel(x, y) : qRgb(40, 90, 160))
+                << x << y;
         }
     }
 
