@@ -9,7 +9,6 @@
 #include <malloc.h>
 #include <mutex>
 
-#include <QBuffer>
 #include <QImageReader>
 #include <QThreadPool>
 
@@ -33,6 +32,7 @@ namespace {
 // the picture, or the few bands that what is drawn reaches into.
 constexpr qint64 kWholeLimit = qint64{2048} * 2048; // pixels
 constexpr int kBands = 8;
+constexpr qint64 kAheadLimit = qint64{2} * 1024 * 1024; // pixels of a band decoded ahead
 // What was not drawn in this many redraws is let go; they are looked over every kSweep redraws.
 constexpr int kUnusedRedraws = 45;
 constexpr int kSweep = 15;
@@ -89,11 +89,11 @@ void giveBackFreedMemory() {
 
 void decode(QtPicture::Decode& d) {
     std::string why = "not the picture it was";
-    std::optional<QByteArray> bytes = readFile(d.file.path, QtResources::kPictureFileLimit, why);
+    // Read as it is decoded: a sheet's file need not be held whole beside its pixels.
+    const std::unique_ptr<QFile> file = openFile(d.file.path, QtResources::kPictureFileLimit, why);
     QImage image;
-    if (bytes) {
-        QBuffer buffer(&*bytes);
-        QImageReader reader(&buffer);
+    if (file) {
+        QImageReader reader(file.get());
         if (reader.size() == d.file.size) {
             const QRect band(0, d.top, d.size.width(), d.lines);
             if (d.size != d.file.size)
@@ -212,9 +212,11 @@ QtPicture::Pixels QtPicture::pixels(const QRectF& from, double density) const {
     Level* drawn = nullptr;
     if (file >= 0) {
         // A sheet's frames run row by row: of a band, the next one is decoded ahead, so that a
-        // turning body does not go blurred for a moment as it moves on to the next row.
+        // turning body does not go blurred for a moment as it moves on to the next row; but not
+        // the bands of the largest sheet at its own size, which would hold 10 MB more.
         const std::shared_ptr<Decode> band = levelFor(file, wanted, from, true).decode;
-        if (band->lines < band->size.height()) {
+        if (band->lines < band->size.height() &&
+            qint64{band->size.width()} * band->lines <= kAheadLimit) {
             const int end = band->top + band->lines;
             const int next = end < band->size.height() ? end : 0;
             const double scale = static_cast<double>(size_.height()) / band->size.height();

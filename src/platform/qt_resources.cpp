@@ -7,8 +7,8 @@
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
-#include <QBuffer>
 #include <QImageReader>
 
 namespace apsis {
@@ -38,11 +38,13 @@ struct Descriptor {
     }
 };
 
-// A picture file's size, read from its header; invalid, with why, when the bytes are no picture
-// or a picture over the budget.
-QSize sizeOf(QByteArray bytes, std::string& why) {
-    QBuffer buffer(&bytes);
-    const QSize size = QImageReader(&buffer).size();
+// A picture file's size, read from its header; invalid, with why, when it is no picture, or a
+// picture over the budget, or no file that may be read.
+QSize sizeOf(const std::filesystem::path& path, std::string& why) {
+    const std::unique_ptr<QFile> file = openFile(path, QtResources::kPictureFileLimit, why);
+    if (!file)
+        return {};
+    const QSize size = QImageReader(file.get()).size();
     if (!size.isValid()) {
         why = "not a picture";
         return {};
@@ -60,25 +62,54 @@ void sayMissing(const std::filesystem::path& path, const std::string& why) {
 
 } // namespace
 
-std::optional<QByteArray> readFile(const std::filesystem::path& path, qint64 limit,
-                                   std::string& why) {
+namespace {
+
+// A descriptor of a regular file of at most limit bytes, and its length; -1, with why, for
+// anything else.
+int openRegular(const std::filesystem::path& path, qint64 limit, off_t& length, std::string& why) {
     // Opened without waiting, or a FIFO would hold the game here until something wrote to it.
-    const Descriptor file{::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)};
+    Descriptor file{::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)};
     struct stat info {};
     if (file.fd < 0 || ::fstat(file.fd, &info) != 0) {
         why = std::strerror(errno);
-        return std::nullopt;
+        return -1;
     }
     if (!S_ISREG(info.st_mode)) {
         why = "not a regular file";
-        return std::nullopt;
+        return -1;
     }
     if (info.st_size > limit) {
         why = "longer than " + std::to_string(limit) + " bytes";
-        return std::nullopt;
+        return -1;
     }
+    length = info.st_size;
+    return std::exchange(file.fd, -1);
+}
+
+} // namespace
+
+std::unique_ptr<QFile> openFile(const std::filesystem::path& path, qint64 limit, std::string& why) {
+    off_t length = 0;
+    const int fd = openRegular(path, limit, length, why);
+    if (fd < 0)
+        return nullptr;
+    auto file = std::make_unique<QFile>();
+    if (!file->open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+        ::close(fd);
+        why = "cannot be read";
+        return nullptr;
+    }
+    return file;
+}
+
+std::optional<QByteArray> readFile(const std::filesystem::path& path, qint64 limit,
+                                   std::string& why) {
+    off_t size = 0;
+    const Descriptor file{openRegular(path, limit, size, why)};
+    if (file.fd < 0)
+        return std::nullopt;
     // One byte more than was measured is asked for, to see a file that grew since.
-    QByteArray bytes(static_cast<qsizetype>(info.st_size + 1), Qt::Uninitialized);
+    QByteArray bytes(static_cast<qsizetype>(size + 1), Qt::Uninitialized);
     qsizetype length = 0;
     while (length < bytes.size()) {
         const ssize_t got =
@@ -93,7 +124,7 @@ std::optional<QByteArray> readFile(const std::filesystem::path& path, qint64 lim
         }
         length += got;
     }
-    if (length > info.st_size) {
+    if (length > size) {
         why = "still being written";
         return std::nullopt;
     }
@@ -115,19 +146,17 @@ PictureHandle QtResources::loadPicture(const std::string& name, const std::strin
     const auto [known, first] = pictures_.try_emplace(path.string());
     if (!first && known->second.stamp == stamp)
         return known->second.content;
+    // Only the header is read here; the pixels are decoded when drawn.
     std::string why;
-    std::optional<QByteArray> bytes = readFile(path, kPictureFileLimit, why);
-    const QSize size = bytes ? sizeOf(std::move(*bytes), why) : QSize();
+    const QSize size = sizeOf(path, why);
     PictureHandle picture;
     if (size.isValid()) {
         std::vector<PictureFile> files{{path, size}};
         // The same picture at twice the size, when it is there; silently none when it is not.
         const auto finer = fileOf(name + "@2x", type);
         std::string ignored;
-        if (std::optional<QByteArray> finerBytes = readFile(finer, kPictureFileLimit, ignored)) {
-            if (sizeOf(std::move(*finerBytes), ignored) == size * 2)
-                files.push_back({finer, size * 2});
-        }
+        if (lookAt(finer) && sizeOf(finer, ignored) == size * 2)
+            files.push_back({finer, size * 2});
         picture = std::make_shared<QtPicture>(std::move(files));
     } else {
         sayMissing(path, why);

@@ -9,6 +9,7 @@
 #include <unordered_map>
 
 #include <QByteArray>
+#include <QFile>
 
 namespace apsis {
 
@@ -27,6 +28,8 @@ struct FileStamp {
 // a longer file or one that cannot be read, is refused, and why is said in why.
 std::optional<QByteArray> readFile(const std::filesystem::path& path, qint64 limit,
                                    std::string& why);
+// The same file opened to be read as it is decoded, without holding all of its bytes at once.
+std::unique_ptr<QFile> openFile(const std::filesystem::path& path, qint64 limit, std::string& why);
 
 // Pictures (JPEG, GIF) and texts read from one folder, by base name and type. A missing,
 // unreadable or undecodable file gives an empty picture or no text; so does every file when the
