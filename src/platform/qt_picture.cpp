@@ -5,12 +5,14 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <condition_variable>
 #include <cstdio>
+#include <deque>
 #include <malloc.h>
 #include <mutex>
+#include <thread>
 
 #include <QImageReader>
-#include <QThreadPool>
 
 namespace apsis {
 
@@ -36,19 +38,6 @@ constexpr qint64 kAheadLimit = qint64{2} * 1024 * 1024; // pixels of a band deco
 // What was not drawn in this many redraws is let go; they are looked over every kSweep redraws.
 constexpr int kUnusedRedraws = 45;
 constexpr int kSweep = 15;
-
-// The decoding thread: one, so that decoding never takes both cores, and pictures are decoded in
-// the order they were asked for. Never destroyed: a pool waits for its work as it goes, and at
-// exit Qt's own may already be gone from under a decode. A program waits for its decodes
-// (waitForDecodes) before it leaves.
-QThreadPool& decoder() {
-    static QThreadPool* pool = [] {
-        auto* p = new QThreadPool();
-        p->setMaxThreadCount(1);
-        return p;
-    }();
-    return *pool;
-}
 
 std::atomic<unsigned> gDecodesDone = 0;
 int gRedraw = 0; // redraws begun, on the drawing thread
@@ -123,6 +112,56 @@ bool isDone(const QtPicture::Decode& d) {
     return d.done.load(std::memory_order_acquire);
 }
 
+// The decoding thread: one, so that decoding never takes both cores, and pictures are decoded in
+// the order they were asked for. Work is handed over under a plain mutex, which a thread checker
+// follows. Never destroyed: a program waits for its decodes (waitForDecodes) before it leaves,
+// and the thread, waiting for work, ends with the process.
+class Decoder {
+  public:
+    void start(std::shared_ptr<QtPicture::Decode> d) {
+        const std::lock_guard lock(mutex_);
+        queue_.push_back(std::move(d));
+        if (!thread_.joinable())
+            thread_ = std::thread([this] { work(); });
+        wake_.notify_one();
+    }
+    void waitForDone() {
+        std::unique_lock lock(mutex_);
+        idle_.wait(lock, [this] { return queue_.empty() && !busy_; });
+    }
+
+  private:
+    void work() {
+        std::unique_lock lock(mutex_);
+        for (;;) {
+            wake_.wait(lock, [this] { return !queue_.empty(); });
+            const std::shared_ptr<QtPicture::Decode> d = std::move(queue_.front());
+            queue_.pop_front();
+            busy_ = true;
+            lock.unlock();
+            run(d);
+            giveBackFreedMemory();
+            gDecodesDone.fetch_add(1, std::memory_order_release);
+            lock.lock();
+            busy_ = false;
+            if (queue_.empty())
+                idle_.notify_all();
+        }
+    }
+
+    std::mutex mutex_;
+    std::condition_variable wake_; // work was queued
+    std::condition_variable idle_; // the queue ran dry
+    std::deque<std::shared_ptr<QtPicture::Decode>> queue_;
+    bool busy_ = false;
+    std::thread thread_;
+};
+
+Decoder& decoder() {
+    static auto* one = new Decoder();
+    return *one;
+}
+
 // The sizes a file decodes to cheaply: its own, and JPEG's halves, quarters and eighths.
 std::vector<QSize> sizesOf(const PictureFile& file) {
     std::vector<QSize> sizes;
@@ -180,11 +219,7 @@ QtPicture::Level& QtPicture::levelFor(int file, QSize size, const QRectF& from, 
     d->top = top;
     d->lines = bottom - top;
     if (queue)
-        decoder().start([d] {
-            run(d);
-            giveBackFreedMemory();
-            gDecodesDone.fetch_add(1, std::memory_order_release);
-        });
+        decoder().start(d);
     levels_.push_back({d, gRedraw});
     return levels_.back();
 }
