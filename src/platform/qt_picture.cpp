@@ -1,33 +1,11 @@
 #include "platform/qt_picture.h"
 
-#include "platform/qt_resources.h"
+#include "platform/qt_picture_decoding.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
-#include <condition_variable>
-#include <cstdio>
-#include <deque>
-#include <malloc.h>
-#include <mutex>
-#include <thread>
-
-#include <QImageReader>
 
 namespace apsis {
-
-// One size of a picture, or a band of lines of it, decoded once by whichever thread gets to it
-// first; the other waits, or looks at done and does not.
-struct QtPicture::Decode {
-    PictureFile file;
-    QSize size;    // the whole picture at this size
-    int top = 0;   // the first line held
-    int lines = 0; // lines held from top
-    QImage image;  // the pixels, once done; null when the file did not decode as announced
-    std::atomic<bool> done = false;
-    std::once_flag once;
-};
-
 namespace {
 
 // Pictures larger than this are decoded a band of lines at a time: a band as tall as an eighth of
@@ -39,7 +17,6 @@ constexpr qint64 kAheadLimit = qint64{2} * 1024 * 1024; // pixels of a band deco
 constexpr int kUnusedRedraws = 45;
 constexpr int kSweep = 15;
 
-std::atomic<unsigned> gDecodesDone = 0;
 int gRedraw = 0; // redraws begun, on the drawing thread
 
 // Every picture made from files, for letting go of what they hold. Never destroyed: pictures
@@ -58,108 +35,6 @@ std::pair<int, int> linesOf(const QRectF& from, QSize size, QSize own) {
     const int last =
         std::clamp(static_cast<int>(std::ceil(from.bottom() * scale)), first + 1, size.height());
     return {first, last};
-}
-
-// Premultiplied alpha is what QPainter draws fastest; an opaque picture stays opaque.
-QImage prepared(QImage image) {
-    // Converted in place where Qt can: a sheet is not held twice over while it changes format.
-    return std::move(image).convertToFormat(
-        image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB888);
-}
-
-// Decoding frees blocks of megabytes, on this thread and the drawing one, and the allocator
-// keeps freed memory for the next block (its threshold for mapping blocks of their own rises to
-// the largest block freed): left alone, the game would hold the most it ever decoded at once for
-// the rest of its run. Handed back after each decode and each letting go, away from the frames'
-// own allocations, which reuse what they free.
-void giveBackFreedMemory() {
-    malloc_trim(0);
-}
-
-void decode(QtPicture::Decode& d) {
-    std::string why = "not the picture it was";
-    // Read as it is decoded: a sheet's file need not be held whole beside its pixels.
-    const std::unique_ptr<QFile> file = openFile(d.file.path, QtResources::kPictureFileLimit, why);
-    QImage image;
-    if (file) {
-        QImageReader reader(file.get());
-        if (reader.size() == d.file.size) {
-            const QRect band(0, d.top, d.size.width(), d.lines);
-            if (d.size != d.file.size)
-                reader.setScaledSize(d.size);
-            if (d.lines != d.size.height()) {
-                // Lines are cut while the file is read when its own size is decoded.
-                if (d.size == d.file.size)
-                    reader.setClipRect(band);
-                else
-                    reader.setScaledClipRect(band);
-            }
-            image = reader.read();
-        }
-    }
-    if (image.size() == QSize(d.size.width(), d.lines))
-        d.image = prepared(std::move(image));
-    else
-        std::fprintf(stderr, "apsis: %s: %s; taken as missing\n", d.file.path.c_str(), why.c_str());
-    d.done.store(true, std::memory_order_release);
-}
-
-void run(const std::shared_ptr<QtPicture::Decode>& d) {
-    std::call_once(d->once, [&] { decode(*d); });
-}
-
-bool isDone(const QtPicture::Decode& d) {
-    return d.done.load(std::memory_order_acquire);
-}
-
-// The decoding thread: one, so that decoding never takes both cores, and pictures are decoded in
-// the order they were asked for. Work is handed over under a plain mutex, which a thread checker
-// follows. Never destroyed: a program waits for its decodes (waitForDecodes) before it leaves,
-// and the thread, waiting for work, ends with the process.
-class Decoder {
-  public:
-    void start(std::shared_ptr<QtPicture::Decode> d) {
-        const std::lock_guard lock(mutex_);
-        queue_.push_back(std::move(d));
-        if (!thread_.joinable())
-            thread_ = std::thread([this] { work(); });
-        wake_.notify_one();
-    }
-    void waitForDone() {
-        std::unique_lock lock(mutex_);
-        idle_.wait(lock, [this] { return queue_.empty() && !busy_; });
-    }
-
-  private:
-    void work() {
-        std::unique_lock lock(mutex_);
-        for (;;) {
-            wake_.wait(lock, [this] { return !queue_.empty(); });
-            const std::shared_ptr<QtPicture::Decode> d = std::move(queue_.front());
-            queue_.pop_front();
-            busy_ = true;
-            lock.unlock();
-            run(d);
-            giveBackFreedMemory();
-            gDecodesDone.fetch_add(1, std::memory_order_release);
-            lock.lock();
-            busy_ = false;
-            if (queue_.empty())
-                idle_.notify_all();
-        }
-    }
-
-    std::mutex mutex_;
-    std::condition_variable wake_; // work was queued
-    std::condition_variable idle_; // the queue ran dry
-    std::deque<std::shared_ptr<QtPicture::Decode>> queue_;
-    bool busy_ = false;
-    std::thread thread_;
-};
-
-Decoder& decoder() {
-    static auto* one = new Decoder();
-    return *one;
 }
 
 // The sizes a file decodes to cheaply: its own, and JPEG's halves, quarters and eighths.
@@ -219,7 +94,7 @@ QtPicture::Level& QtPicture::levelFor(int file, QSize size, const QRectF& from, 
     d->top = top;
     d->lines = bottom - top;
     if (queue)
-        decoder().start(d);
+        decoding::queue(d);
     levels_.push_back({d, gRedraw});
     return levels_.back();
 }
@@ -274,7 +149,7 @@ QtPicture::Pixels QtPicture::pixels(const QRectF& from, double density) const {
         }
         Level& level = levelFor(file, wanted, from, true);
         level.lastUsed = gRedraw;
-        if (isDone(*level.decode) && !level.decode->image.isNull())
+        if (decoding::isDone(*level.decode) && !level.decode->image.isNull())
             drawn = &level;
     }
     // Until it is decoded, the size at hand nearest to it that holds the lines drawn.
@@ -284,7 +159,7 @@ QtPicture::Pixels QtPicture::pixels(const QRectF& from, double density) const {
         double nearest = 0.0;
         for (Level& level : levels_) {
             const Decode& d = *level.decode;
-            if (!isDone(d) || d.image.isNull())
+            if (!decoding::isDone(d) || d.image.isNull())
                 continue;
             const auto [first, last] = linesOf(from, d.size, size_);
             if (d.top > first || d.top + d.lines < last)
@@ -315,7 +190,7 @@ QImage QtPicture::image() const {
         return levels_.front().decode->image;
     Level& level = levelFor(0, size_, QRectF(QPointF(), QSizeF(size_)), false);
     level.lastUsed = gRedraw;
-    run(level.decode);
+    decoding::run(level.decode);
     return level.decode->image;
 }
 
@@ -329,11 +204,11 @@ bool QtPicture::letGoOfUnused(int before) const {
 }
 
 unsigned QtPicture::decodesDone() {
-    return gDecodesDone.load(std::memory_order_acquire);
+    return decoding::done();
 }
 
 void QtPicture::waitForDecodes() {
-    decoder().waitForDone();
+    decoding::waitForAll();
 }
 
 void QtPicture::beginRedraw() {
@@ -343,7 +218,7 @@ void QtPicture::beginRedraw() {
         for (const QtPicture* picture : pictures())
             letGo = picture->letGoOfUnused(gRedraw - kUnusedRedraws) || letGo;
         if (letGo)
-            giveBackFreedMemory();
+            decoding::giveBackFreedMemory();
     }
 }
 
