@@ -1,7 +1,6 @@
 #include "platform/qt_magnify.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <vector>
@@ -87,14 +86,34 @@ bool linesOf(Lines& l, const QImage& image, const QRectF& from, const QRectF& ta
     return true;
 }
 
-// The byte of a 32-bit pixel that holds its alpha, where it lies in memory.
-constexpr std::size_t kAlpha = std::endian::native == std::endian::little ? 3 : 0;
+// Lays count premultiplied pixels over out, as Qt lays them: what shows through is kept in
+// proportion to the transparency, each channel divided by 255 with Qt's rounding. Most pixels of
+// a picture are wholly opaque or wholly transparent, and cost a copy or nothing.
+void layOver(const std::uint32_t* pixels, std::uint32_t* out, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint32_t pixel = pixels[i];
+        const std::uint32_t alpha = pixel >> 24;
+        if (alpha == 255) {
+            out[i] = pixel;
+        } else if (alpha != 0) {
+            const std::uint32_t keep = 255 - alpha;
+            std::uint32_t redBlue = (out[i] & 0xff00ffU) * keep + 0x800080U;
+            redBlue = ((redBlue + ((redBlue >> 8) & 0xff00ffU)) >> 8) & 0xff00ffU;
+            std::uint32_t alphaGreen = ((out[i] >> 8) & 0xff00ffU) * keep + 0x800080U;
+            alphaGreen = (alphaGreen + ((alphaGreen >> 8) & 0xff00ffU)) & 0xff00ff00U;
+            out[i] = pixel + (redBlue | alphaGreen);
+        }
+    }
+}
 
 // Writes the pixels part (surface pixels, within l.area) into into, whose pixel (0, 0) lies at
 // origin of the surface, or lays them over what is there when over. Each line of the surface is
 // blended down between two of the lines channel by channel: the same sums as blend's, in a form the
 // compiler does sixteen at a time.
 void write(const Lines& l, const QRect& part, QImage& into, QPoint origin, bool over = false) {
+    // A line of the picture's pixels before they are laid over; whole pixels, so aligned as one.
+    std::vector<std::uint32_t> laidPixels(over ? static_cast<std::size_t>(part.width()) : 0);
+    auto* laid = reinterpret_cast<std::uint8_t*>(laidPixels.data());
     const auto width = static_cast<std::size_t>(l.area.width());
     const auto skip = static_cast<std::size_t>(4 * (part.left() - l.area.left()));
     const auto bytes = static_cast<std::size_t>(4 * part.width());
@@ -113,23 +132,11 @@ void write(const Lines& l, const QRect& part, QImage& into, QPoint origin, bool 
         // Written where the painter writes: never a copy of the pixels made for this.
         auto* out = const_cast<std::uint8_t*>(into.constScanLine(y - origin.y())) +
                     4 * (part.left() - origin.x());
-        if (!over) {
-            for (std::size_t i = 0; i < bytes; ++i)
-                out[i] = static_cast<std::uint8_t>((upper[i] * v + lower[i] * w) >> 8);
-            continue;
-        }
-        // Laid over what is there, as Qt lays a premultiplied pixel: what shows through is
-        // kept in proportion to the transparency, divided by 255 with Qt's rounding.
-        const unsigned wu = w;
-        const unsigned vu = v;
-        for (std::size_t p = 0; p < bytes; p += 4) {
-            const unsigned keep = 255U - ((upper[p + kAlpha] * vu + lower[p + kAlpha] * wu) >> 8);
-            for (std::size_t c = p; c < p + 4; ++c) {
-                const unsigned laid = (upper[c] * vu + lower[c] * wu) >> 8;
-                const unsigned kept = out[c] * keep + 0x80U;
-                out[c] = static_cast<std::uint8_t>(laid + ((kept + (kept >> 8)) >> 8));
-            }
-        }
+        std::uint8_t* line = over ? laid : out;
+        for (std::size_t i = 0; i < bytes; ++i)
+            line[i] = static_cast<std::uint8_t>((upper[i] * v + lower[i] * w) >> 8);
+        if (over)
+            layOver(laidPixels.data(), reinterpret_cast<std::uint32_t*>(out), bytes / 4);
     }
 }
 
