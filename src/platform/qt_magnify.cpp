@@ -115,8 +115,8 @@ void write(const Lines& l, const QRect& part, QImage& into, QPoint origin, bool 
     std::vector<std::uint32_t> laidPixels(over ? static_cast<std::size_t>(part.width()) : 0);
     auto* laid = reinterpret_cast<std::uint8_t*>(laidPixels.data());
     const auto width = static_cast<std::size_t>(l.area.width());
-    const auto skip = static_cast<std::size_t>(4 * (part.left() - l.area.left()));
-    const auto bytes = static_cast<std::size_t>(4 * part.width());
+    const auto skip = 4 * static_cast<std::size_t>(part.left() - l.area.left());
+    const auto bytes = 4 * static_cast<std::size_t>(part.width());
     for (int y = part.top(); y <= part.bottom(); ++y) {
         const auto row = static_cast<std::size_t>(y - l.area.top());
         const auto* upper =
@@ -131,7 +131,7 @@ void write(const Lines& l, const QRect& part, QImage& into, QPoint origin, bool 
         const auto v = static_cast<std::uint16_t>(256 - w);
         // Written where the painter writes: never a copy of the pixels made for this.
         auto* out = const_cast<std::uint8_t*>(into.constScanLine(y - origin.y())) +
-                    4 * (part.left() - origin.x());
+                    4 * static_cast<std::ptrdiff_t>(part.left() - origin.x());
         std::uint8_t* line = over ? laid : out;
         for (std::size_t i = 0; i < bytes; ++i)
             line[i] = static_cast<std::uint8_t>((upper[i] * v + lower[i] * w) >> 8);
