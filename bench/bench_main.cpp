@@ -1,3 +1,5 @@
+#include "platform/qt_picture.h"
+
 #include <benchmark/benchmark.h>
 
 #include <QGuiApplication>
@@ -13,5 +15,6 @@ int main(int argc, char** argv) {
         return 1;
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
+    apsis::QtPicture::waitForDecodes();
     return 0;
 }

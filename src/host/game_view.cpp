@@ -3,6 +3,7 @@
 #include "control/controller.h"
 #include "host/damage_canvas.h"
 #include "platform/qt_canvas.h"
+#include "platform/qt_picture.h"
 #include "presentation/canvas.h"
 
 #include <QKeyEvent>
@@ -45,6 +46,12 @@ GameView::~GameView() = default;
 
 void GameView::doFrame() {
     ctrl_->doFrame();
+    // A picture decoded more finely since the last redraw: the whole view is drawn again from it.
+    if (const unsigned decodes = QtPicture::decodesDone(); decodes != decodesSeen_) {
+        decodesSeen_ = decodes;
+        wholeView_ = true;
+        ctrl_->needsRedraw = true;
+    }
     if (ctrl_->needsRedraw) {
         requestRedraw();
         ctrl_->needsRedraw = false;

@@ -53,6 +53,7 @@ class GameView : public QWidget {
     QTimer timer_;
     std::vector<DamageCanvas::Mark> lastFrame_; // what the frame now on screen draws
     bool wholeView_ = true;                     // the next redraw must cover the whole view
+    unsigned decodesSeen_ = 0;                  // pictures decoded when the view was last drawn
 };
 
 } // namespace apsis

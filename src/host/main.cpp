@@ -111,5 +111,7 @@ int main(int argc, char** argv) {
     window->show();
     const int status = app->exec();
     window.reset();
+    // A picture still being decoded is finished while Qt is still there to decode it.
+    apsis::QtPicture::waitForDecodes();
     return status;
 }

@@ -1,7 +1,8 @@
 #include "platform/qt_canvas.h"
 
 #include "platform/qt_convert.h"
-#include "platform/qt_resources.h"
+#include "platform/qt_magnify.h"
+#include "platform/qt_picture.h"
 #include "platform/qt_scaled_pictures.h"
 #include "presentation/clip.h"
 
@@ -60,6 +61,7 @@ QtCanvas::QtCanvas(QPainter& painter, Size size)
     painter_.setRenderHint(QPainter::TextAntialiasing);
     painter_.setRenderHint(QPainter::SmoothPixmapTransform);
     scaledPictures().beginRedraw();
+    QtPicture::beginRedraw();
 }
 
 QtCanvas::QtCanvas(QPainter& painter)
@@ -74,12 +76,14 @@ QRectF QtCanvas::toQt(const Rect& r) const {
         .normalized();
 }
 
+bool QtCanvas::onSurface(const QRectF& r, double margin) const {
+    return r.right() >= -margin && r.left() <= static_cast<double>(size_.width) + margin &&
+           r.bottom() >= -margin && r.top() <= static_cast<double>(size_.height) + margin;
+}
+
 bool QtCanvas::reaches(const QRectF& r, double margin) const {
-    const bool onSurface =
-        r.right() >= -margin && r.left() <= static_cast<double>(size_.width) + margin &&
-        r.bottom() >= -margin && r.top() <= static_cast<double>(size_.height) + margin;
-    if (!onSurface || !dirty_)
-        return onSurface;
+    if (!onSurface(r, margin) || !dirty_)
+        return onSurface(r, margin);
     // Clamped to the surface first: the rectangle may be millions of points wide.
     const QRectF surface(-margin, -margin, static_cast<double>(size_.width) + 2.0 * margin,
                          static_cast<double>(size_.height) + 2.0 * margin);
@@ -191,7 +195,7 @@ void QtCanvas::drawPath(const Path& path, const Color& c, bool fill) {
 void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
                            double opacity) {
     const auto* qtPicture = dynamic_cast<const QtPicture*>(picture);
-    if (qtPicture == nullptr || qtPicture->image().isNull())
+    if (qtPicture == nullptr)
         return;
     opacity = unitInterval(opacity);
     if (!(opacity > 0.0) || !finite(source) || !finite(dest))
@@ -199,13 +203,13 @@ void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rec
     if (!(source.width > 0.0f) || !(source.height > 0.0f) || !(dest.width > 0.0f) ||
         !(dest.height > 0.0f))
         return;
-    const QImage& image = qtPicture->image();
     // The picture's own rectangles count from its bottom-left corner too.
     QRectF from(static_cast<double>(source.x),
-                image.height() - static_cast<double>(source.y) - static_cast<double>(source.height),
+                static_cast<double>(picture->height()) - static_cast<double>(source.y) -
+                    static_cast<double>(source.height),
                 static_cast<double>(source.width), static_cast<double>(source.height));
     QRectF to = toQt(dest);
-    if (!reaches(to, 1.0))
+    if (!onSurface(to, 1.0))
         return;
     // A picture scaled to millions of points is cut to the window, and its source with it in
     // proportion, so that Qt scales only what can be seen.
@@ -218,8 +222,20 @@ void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rec
                       visible.height() * sy);
         to = visible;
     }
+    // The pixels of the picture at the size it is drawn, in the surface's own pixels: asked for
+    // even where this redraw leaves the picture as it is, since it is still on screen and kept.
+    const QRectF device = painter_.deviceTransform().mapRect(to);
+    const double density = std::max(device.width() / from.width(), device.height() / from.height());
+    const QtPicture::Pixels pixels = qtPicture->pixels(from, density);
+    if (pixels.image.isNull() || !reaches(to, 1.0))
+        return;
+    const QImage& image = pixels.image;
+    from = pixels.from;
     painter_.setOpacity(opacity);
-    if (!drawScaledBefore(image, from, to))
+    const QRectF surface(0.0, 0.0, static_cast<double>(size_.width),
+                         static_cast<double>(size_.height));
+    if (!drawScaledBefore(image, from, to) && !(painter_.worldTransform().isIdentity() &&
+                                                drawMagnified(painter_, to, image, from, surface)))
         drawInBands(painter_, to, image, from);
     painter_.setOpacity(1.0);
 }

@@ -42,6 +42,8 @@ class QtCanvas final : public Canvas {
   private:
     // A view rectangle (y upwards) as a painter rectangle (y downwards).
     QRectF toQt(const Rect& r) const;
+    // Whether a painter rectangle reaches into the surface widened by margin on every side.
+    bool onSurface(const QRectF& r, double margin) const;
     // Whether a painter rectangle reaches into the surface widened by margin on every side, and
     // into the region being redrawn.
     bool reaches(const QRectF& r, double margin) const;

@@ -7,8 +7,8 @@
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
-#include <QBuffer>
 #include <QImageReader>
 
 namespace apsis {
@@ -38,27 +38,78 @@ struct Descriptor {
     }
 };
 
-// The bytes of a regular file of at most limit bytes. Anything else, a folder, a FIFO, a device,
-// a longer file or one that cannot be read, is refused, and why is said in why.
-std::optional<QByteArray> readFile(const std::filesystem::path& path, qint64 limit,
-                                   std::string& why) {
+// A picture file's size, read from its header; invalid, with why, when it is no picture, or a
+// picture over the budget, or no file that may be read.
+QSize sizeOf(const std::filesystem::path& path, std::string& why) {
+    const std::unique_ptr<QFile> file = openFile(path, QtResources::kPictureFileLimit, why);
+    if (!file)
+        return {};
+    const QSize size = QImageReader(file.get()).size();
+    if (!size.isValid()) {
+        why = "not a picture";
+        return {};
+    }
+    if (qint64{size.width()} * size.height() > QtResources::kPixelLimit) {
+        why = "larger than " + std::to_string(QtResources::kPixelLimit) + " pixels";
+        return {};
+    }
+    return size;
+}
+
+void sayMissing(const std::filesystem::path& path, const std::string& why) {
+    std::fprintf(stderr, "apsis: %s: %s; taken as missing\n", path.c_str(), why.c_str());
+}
+
+} // namespace
+
+namespace {
+
+// A descriptor of a regular file of at most limit bytes, and its length; -1, with why, for
+// anything else.
+int openRegular(const std::filesystem::path& path, qint64 limit, off_t& length, std::string& why) {
     // Opened without waiting, or a FIFO would hold the game here until something wrote to it.
-    const Descriptor file{::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)};
+    Descriptor file{::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)};
     struct stat info {};
     if (file.fd < 0 || ::fstat(file.fd, &info) != 0) {
         why = std::strerror(errno);
-        return std::nullopt;
+        return -1;
     }
     if (!S_ISREG(info.st_mode)) {
         why = "not a regular file";
-        return std::nullopt;
+        return -1;
     }
     if (info.st_size > limit) {
         why = "longer than " + std::to_string(limit) + " bytes";
-        return std::nullopt;
+        return -1;
     }
+    length = info.st_size;
+    return std::exchange(file.fd, -1);
+}
+
+} // namespace
+
+std::unique_ptr<QFile> openFile(const std::filesystem::path& path, qint64 limit, std::string& why) {
+    off_t length = 0;
+    const int fd = openRegular(path, limit, length, why);
+    if (fd < 0)
+        return nullptr;
+    auto file = std::make_unique<QFile>();
+    if (!file->open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+        ::close(fd);
+        why = "cannot be read";
+        return nullptr;
+    }
+    return file;
+}
+
+std::optional<QByteArray> readFile(const std::filesystem::path& path, qint64 limit,
+                                   std::string& why) {
+    off_t size = 0;
+    const Descriptor file{openRegular(path, limit, size, why)};
+    if (file.fd < 0)
+        return std::nullopt;
     // One byte more than was measured is asked for, to see a file that grew since.
-    QByteArray bytes(static_cast<qsizetype>(info.st_size + 1), Qt::Uninitialized);
+    QByteArray bytes(static_cast<qsizetype>(size + 1), Qt::Uninitialized);
     qsizetype length = 0;
     while (length < bytes.size()) {
         const ssize_t got =
@@ -73,68 +124,13 @@ std::optional<QByteArray> readFile(const std::filesystem::path& path, qint64 lim
         }
         length += got;
     }
-    if (length > info.st_size) {
+    if (length > size) {
         why = "still being written";
         return std::nullopt;
     }
     bytes.truncate(length);
     bytes.squeeze();
     return bytes;
-}
-
-// Premultiplied alpha is what QPainter draws fastest; an opaque picture stays opaque.
-QImage prepared(QImage image) {
-    // Converted in place where Qt can: a sheet is not held twice over while it changes format.
-    return std::move(image).convertToFormat(
-        image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB888);
-}
-
-// A picture from a file's bytes, its size read from their header; its pixels wait for the first
-// draw, when the file is read again. Empty, with why, when the bytes are no picture or a picture
-// over the budget.
-PictureHandle pictureOf(QByteArray bytes, const std::filesystem::path& path, std::string& why) {
-    QBuffer buffer(&bytes);
-    QImageReader reader(&buffer);
-    const QSize size = reader.size();
-    if (!size.isValid()) {
-        why = "not a picture";
-        return {};
-    }
-    if (qint64{size.width()} * size.height() > QtResources::kPixelLimit) {
-        why = "larger than " + std::to_string(QtResources::kPixelLimit) + " pixels";
-        return {};
-    }
-    return std::make_shared<QtPicture>(size, path);
-}
-
-void sayMissing(const std::filesystem::path& path, const std::string& why) {
-    std::fprintf(stderr, "apsis: %s: %s; taken as missing\n", path.c_str(), why.c_str());
-}
-
-} // namespace
-
-QtPicture::QtPicture(QImage image) : size_(image.size()), image_(std::move(image)) {}
-
-QtPicture::QtPicture(QSize size, std::filesystem::path file)
-    : size_(size), file_(std::move(file)) {}
-
-const QImage& QtPicture::image() const {
-    if (file_.empty())
-        return image_;
-    std::string why;
-    std::optional<QByteArray> bytes = readFile(file_, QtResources::kPictureFileLimit, why);
-    QImage decoded;
-    if (bytes) {
-        QBuffer buffer(&*bytes);
-        decoded = QImageReader(&buffer).read();
-    }
-    // Tried once: a file that changed since is another picture, which the resources read anew.
-    if (decoded.size() == size_)
-        image_ = prepared(std::move(decoded));
-    else
-        sayMissing(file_, bytes ? "not the picture it was" : why);
-    file_.clear();
-    return image_;
 }
 
 std::filesystem::path QtResources::fileOf(const std::string& name, const std::string& type) const {
@@ -150,11 +146,21 @@ PictureHandle QtResources::loadPicture(const std::string& name, const std::strin
     const auto [known, first] = pictures_.try_emplace(path.string());
     if (!first && known->second.stamp == stamp)
         return known->second.content;
+    // Only the header is read here; the pixels are decoded when drawn.
     std::string why;
-    std::optional<QByteArray> bytes = readFile(path, kPictureFileLimit, why);
-    PictureHandle picture = bytes ? pictureOf(std::move(*bytes), path, why) : PictureHandle();
-    if (!picture)
+    const QSize size = sizeOf(path, why);
+    PictureHandle picture;
+    if (size.isValid()) {
+        std::vector<PictureFile> files{{path, size}};
+        // The same picture at twice the size, when it is there; silently none when it is not.
+        const auto finer = fileOf(name + "@2x", type);
+        std::string ignored;
+        if (lookAt(finer) && sizeOf(finer, ignored) == size * 2)
+            files.push_back({finer, size * 2});
+        picture = std::make_shared<QtPicture>(std::move(files));
+    } else {
         sayMissing(path, why);
+    }
     known->second = {stamp, picture};
     return picture;
 }

@@ -1,36 +1,17 @@
 #pragma once
 
 #include "assets/resources.h"
+#include "platform/qt_picture.h"
 
 #include <filesystem>
 #include <string>
 #include <sys/types.h>
 #include <unordered_map>
 
-#include <QImage>
-#include <QSize>
+#include <QByteArray>
+#include <QFile>
 
 namespace apsis {
-
-// A picture held by Qt. Its size is known from the start; its pixels may wait in the file until
-// the first draw asks for them, so that a sheet only ever drawn as a symbol costs no memory.
-class QtPicture final : public Picture {
-  public:
-    // A picture already decoded.
-    explicit QtPicture(QImage image);
-    // A picture of the given size, read from file and decoded when first drawn.
-    QtPicture(QSize size, std::filesystem::path file);
-    float width() const override { return static_cast<float>(size_.width()); }
-    float height() const override { return static_cast<float>(size_.height()); }
-    // The pixels, decoded at the first call: premultiplied when the picture has transparency,
-    // packed RGB when it has none. Null when the file no longer decodes to the size it announced.
-    const QImage& image() const;
-
-  private:
-    QSize size_;
-    mutable std::filesystem::path file_; // empty once read
-    mutable QImage image_;
-};
 
 // What tells a file from its former self without reading it: where it lies, how long it is and
 // when it was last written to.
@@ -43,6 +24,13 @@ struct FileStamp {
     bool operator==(const FileStamp&) const = default;
 };
 
+// The bytes of a regular file of at most limit bytes. Anything else, a folder, a FIFO, a device,
+// a longer file or one that cannot be read, is refused, and why is said in why.
+std::optional<QByteArray> readFile(const std::filesystem::path& path, qint64 limit,
+                                   std::string& why);
+// The same file opened to be read as it is decoded, without holding all of its bytes at once.
+std::unique_ptr<QFile> openFile(const std::filesystem::path& path, qint64 limit, std::string& why);
+
 // Pictures (JPEG, GIF) and texts read from one folder, by base name and type. A missing,
 // unreadable or undecodable file gives an empty picture or no text; so does every file when the
 // folder is empty (none was found). The folder may be damaged: only regular files are opened,
@@ -50,11 +38,15 @@ struct FileStamp {
 //
 // Each file is read once and kept while it stays the same: asking again costs one look at the
 // file's stamp, and a missing or refused file is said once on the error stream, not at every ask.
+// A picture "name.type" may come with "name@2x.type" beside it, the same picture at twice the
+// size, drawn from where the screen shows it that finely.
 class QtResources final : public Resources {
   public:
     static constexpr qint64 kTextLimit = qint64{64} * 1024;               // bytes
     static constexpr qint64 kPictureFileLimit = qint64{64} * 1024 * 1024; // bytes
-    static constexpr qint64 kPixelLimit = qint64{4096} * 4096;            // pixels
+    // Pictures are decoded at the size drawn, and a large one a band at a time: the limit is on
+    // what a file may announce, and no picture is ever held at this size.
+    static constexpr qint64 kPixelLimit = qint64{8192} * 8192; // pixels
 
     explicit QtResources(std::filesystem::path folder) : folder_(std::move(folder)) {}
     PictureHandle loadPicture(const std::string& name, const std::string& type) override;

@@ -1,5 +1,7 @@
 #include "platform/qt_scaled_pictures.h"
 
+#include "platform/qt_magnify.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -39,14 +41,21 @@ QImage ScaledPictures::lookUp(const QImage& image, const QRect& source, QSize si
     // Scaled by the same filtered drawing that would draw it on the surface. A picture is drawn
     // this one way whether or not it was drawn before, so a part of the view that is not
     // repainted shows just what repainting it would.
-    QImage scaled(size, image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
-                                                : QImage::Format_RGB32);
-    scaled.fill(Qt::transparent);
-    QPainter painter(&scaled);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    drawInBands(painter, QRectF(QPointF(0.0, 0.0), QSizeF(size)), image, QRectF(source));
-    painter.end();
+    const QRect whole(QPoint(0, 0), size);
+    QImage scaled;
+    if (size.width() >= source.width() * kLeastMagnification &&
+        size.height() >= source.height() * kLeastMagnification) {
+        scaled = magnified(image, QRectF(source), QRectF(whole), whole);
+    } else {
+        scaled = QImage(size, image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                      : QImage::Format_RGB32);
+        scaled.fill(Qt::transparent);
+        QPainter painter(&scaled);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        drawInBands(painter, QRectF(whole), image, QRectF(source));
+        painter.end();
+    }
     // Kept from the second time on: while the view zooms every frame asks for a new size, and a
     // copy made for one of those would never be drawn again.
     if (found == entries_.end())

@@ -1,3 +1,5 @@
+#include "platform/qt_picture.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -7,5 +9,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
+    const int status = RUN_ALL_TESTS();
+    apsis::QtPicture::waitForDecodes();
+    return status;
 }

@@ -61,7 +61,7 @@ TEST_F(QtResourcesTest, FilesThatAreNoFilesOrTooLargeAreMissingAndNeverHoldTheGa
     write("long.txt", std::string(QtResources::kTextLimit + 1, 'x'));
     write("full.txt", std::string(QtResources::kTextLimit, 'x'));
     // A picture one pixel over the budget, small as a file.
-    QImage huge(4097, 4096, QImage::Format_Mono);
+    QImage huge(8193, 8192, QImage::Format_Mono);
     huge.fill(0);
     ASSERT_TRUE(huge.save(QString::fromStdString((folder / "huge.jpg").string()), "PNG"));
 

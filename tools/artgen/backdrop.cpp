@@ -30,7 +30,7 @@ void drawGlow(QPainter& painter, QPointF at, double radius, QColor colour) {
 
 } // namespace
 
-QImage drawSky() {
+QImage drawSky(int scale) {
     // The nebula, worked out at a quarter of the size and smoothed up.
     const Noise cloud(801);
     const Noise hue(802);
@@ -52,8 +52,9 @@ QImage drawSky() {
                                  static_cast<int>(255 * clampUnit(b + 0.016f))));
         }
     }
-    QImage sky =
-        nebula.scaled(kScreenWidth, kScreenHeight, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QImage sky = nebula.scaled(kScreenWidth * scale, kScreenHeight * scale, Qt::IgnoreAspectRatio,
+                               Qt::SmoothTransformation);
+    sky.setDevicePixelRatio(scale);
     QPainter painter(&sky);
     painter.setRenderHint(QPainter::Antialiasing);
     Random random(803);

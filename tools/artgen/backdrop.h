@@ -14,8 +14,10 @@ inline constexpr int kScreenWidth = 1280;
 inline constexpr int kScreenHeight = 800;
 
 // The night sky behind every screen: a faint nebula and stars of many brightnesses. The same sky
-// for every screen, so that a menu band laid over the menu matches it.
-QImage drawSky();
+// for every screen, so that a menu band laid over the menu matches it. It has scale pixels to a
+// pixel of the window's size, and that device pixel ratio: a painter over it draws in the window's
+// pixels.
+QImage drawSky(int scale);
 
 // The display face of the game's name and headings, and the face of its running text; sizes in
 // pixels.

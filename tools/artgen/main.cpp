@@ -31,13 +31,16 @@ struct Sheet {
 };
 
 // Frame sizes are multiples of 16, so that frames line up with JPEG's blocks and a frame's colours
-// never bleed into its neighbour's.
+// never bleed into its neighbour's. They are about as large as the game draws them where the
+// levels open, full screen: Earth, which fills most of the view at 25,000 km, the largest. The
+// game decodes a sheet at the size it draws it, so a body far away costs no more than it did from
+// a smaller sheet.
 constexpr Sheet kSheets[] = {
-    {"sun.jpg", 6, 256, 2, drawSun},           {"venus.jpg", 8, 208, 2, drawVenus},
-    {"earth.jpg", 8, 208, 2, drawEarth},       {"moon.jpg", 8, 208, 2, drawMoon},
-    {"mars.jpg", 8, 208, 2, drawMars},         {"jupiter.jpg", 8, 208, 2, drawJupiter},
-    {"asteroid.jpg", 8, 128, 2, drawAsteroid}, {"satellite.gif", 1, 320, 3, drawSatellite},
-    {"station.gif", 1, 512, 3, drawStation},   {"ship.gif", 8, 128, 3, drawShip},
+    {"sun.jpg", 6, 512, 2, drawSun},           {"venus.jpg", 8, 448, 2, drawVenus},
+    {"earth.jpg", 8, 656, 2, drawEarth},       {"moon.jpg", 8, 448, 2, drawMoon},
+    {"mars.jpg", 8, 448, 2, drawMars},         {"jupiter.jpg", 8, 448, 2, drawJupiter},
+    {"asteroid.jpg", 8, 256, 2, drawAsteroid}, {"satellite.gif", 1, 640, 3, drawSatellite},
+    {"station.gif", 1, 1024, 3, drawStation},  {"ship.gif", 8, 256, 3, drawShip},
 };
 
 bool isGif(const std::string& file) {
@@ -78,9 +81,12 @@ int main(int argc, char** argv) {
                                  : saveJpeg(toImage(frames, true), path),
                path);
     }
-    for (const Screen& screen : drawScreens()) {
-        const auto path = folder / (screen.name + ".jpg");
-        report(saveJpeg(screen.image, path), path);
+    // The screens at the window's size and at twice it, for screens of twice the density.
+    for (const int scale : {1, 2}) {
+        for (const Screen& screen : drawScreens(scale)) {
+            const auto path = folder / (screen.name + (scale == 1 ? "" : "@2x") + ".jpg");
+            report(saveJpeg(screen.image, path), path);
+        }
     }
     if (argc == 4) {
         for (const int size : kIconSizes) {

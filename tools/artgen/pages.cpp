@@ -14,10 +14,11 @@ const QColor kHeading = QColor::fromRgbF(0.5f, 0.72f, 1.0f);
 const QColor kQuiet = QColor::fromRgbF(0.5f, 0.55f, 0.65f);
 
 // The pages of text show the sky dimmed, so that the stars do not tangle with the letters.
-QImage dimmedSky() {
-    QImage image = drawSky();
+QImage dimmedSky(int scale) {
+    QImage image = drawSky(scale);
     QPainter painter(&image);
-    painter.fillRect(image.rect(), QColor::fromRgbF(0.0f, 0.0f, 0.0f, 0.55f));
+    painter.fillRect(QRect(0, 0, kScreenWidth, kScreenHeight),
+                     QColor::fromRgbF(0.0f, 0.0f, 0.0f, 0.55f));
     return image;
 }
 
@@ -95,8 +96,8 @@ void drawSection(QPainter& painter, double y, const QString& title) {
 
 } // namespace
 
-QImage drawAbout() {
-    QImage image = dimmedSky();
+QImage drawAbout(int scale) {
+    QImage image = dimmedSky(scale);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     drawTitle(painter, QPointF(kScreenWidth / 2.0, 170), 100);
@@ -122,8 +123,8 @@ QImage drawAbout() {
     return image;
 }
 
-QImage drawInstructions() {
-    QImage image = dimmedSky();
+QImage drawInstructions(int scale) {
+    QImage image = dimmedSky(scale);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     drawCentred(painter, "INSTRUCTIONS", QPointF(kScreenWidth / 2.0, 62), displayFont(50), kText);

@@ -29,24 +29,26 @@ QFont entryFont() {
 
 // Earth rising in the lower right corner, turned to show its lands rather than its pole, with
 // the Moon.
-void drawPlanets(QPainter& painter) {
+void drawPlanets(QPainter& painter, int scale) {
     constexpr int kEarth = 720;
-    const QImage earth = toImage(drawEarth(kEarth), false);
+    QImage earth = toImage(drawEarth(kEarth * scale), false);
+    earth.setDevicePixelRatio(scale);
     painter.save();
     painter.translate(1180, 930);
     painter.rotate(40);
     painter.drawImage(QPointF(-kEarth / 2.0, -kEarth / 2.0), earth);
     painter.restore();
     constexpr int kMoon = 64;
-    const QImage moon = toImage(drawMoon(kMoon), false);
+    QImage moon = toImage(drawMoon(kMoon * scale), false);
+    moon.setDevicePixelRatio(scale);
     painter.drawImage(QPointF(1010 - kMoon / 2.0, 470 - kMoon / 2.0), moon);
 }
 
-QImage drawSplash() {
-    QImage image = drawSky();
+QImage drawSplash(int scale) {
+    QImage image = drawSky(scale);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    drawPlanets(painter);
+    drawPlanets(painter, scale);
     drawTitle(painter, QPointF(560, 300), 120);
     drawCentred(painter, "A GAME OF ORBITAL FLIGHT", QPointF(560, 440), displayFont(26),
                 QColor::fromRgbF(0.7f, 0.8f, 0.95f));
@@ -54,8 +56,8 @@ QImage drawSplash() {
 }
 
 // The menu: the name at the top, the four entries each centred in its band, and a hint below.
-QImage drawMenu() {
-    QImage image = drawSky();
+QImage drawMenu(int scale) {
+    QImage image = drawSky(scale);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     drawTitle(painter, QPointF(kScreenWidth / 2.0, 104), 78);
@@ -72,10 +74,13 @@ QImage drawMenu() {
 // band.
 QImage drawBand(const QImage& sky, int k) {
     const QRect area = band(k);
-    QImage image = sky.copy(area);
+    const auto scale = static_cast<int>(sky.devicePixelRatio());
+    QImage image = sky.copy(QRect(area.topLeft() * scale, area.size() * scale));
+    image.setDevicePixelRatio(scale);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF bar = QRectF(image.rect()).adjusted(14, 14, -14, -14);
+    const QRectF whole(QPointF(0, 0), QSizeF(area.size()));
+    const QRectF bar = whole.adjusted(14, 14, -14, -14);
     QLinearGradient glow(bar.topLeft(), bar.topRight());
     glow.setColorAt(0.0, QColor::fromRgbF(0.1f, 0.3f, 0.8f, 0.0f));
     glow.setColorAt(0.3, QColor::fromRgbF(0.1f, 0.3f, 0.8f, 0.45f));
@@ -89,7 +94,7 @@ QImage drawBand(const QImage& sky, int k) {
     edge.setColorAt(0.5, QColor::fromRgbF(0.6f, 0.85f, 1.0f, 0.95f));
     edge.setColorAt(1.0, QColor::fromRgbF(0.5f, 0.8f, 1.0f, 0.0f));
     painter.strokePath(shape, QPen(QBrush(edge), 2.0));
-    const QPointF centre = QRectF(image.rect()).center();
+    const QPointF centre = whole.center();
     // Markers either side of the entry.
     for (double side : {-1.0, 1.0}) {
         const double x = centre.x() + side * 250;
@@ -107,15 +112,15 @@ QImage drawBand(const QImage& sky, int k) {
 
 } // namespace
 
-std::vector<Screen> drawScreens() {
+std::vector<Screen> drawScreens(int scale) {
     std::vector<Screen> screens;
-    screens.push_back({"splash", drawSplash()});
-    screens.push_back({"menu", drawMenu()});
-    const QImage sky = drawSky();
+    screens.push_back({"splash", drawSplash(scale)});
+    screens.push_back({"menu", drawMenu(scale)});
+    const QImage sky = drawSky(scale);
     for (int k = 1; k <= 4; ++k)
         screens.push_back({menu::kBandNames[static_cast<std::size_t>(k - 1)], drawBand(sky, k)});
-    screens.push_back({"about", drawAbout()});
-    screens.push_back({"instructions", drawInstructions()});
+    screens.push_back({"about", drawAbout(scale)});
+    screens.push_back({"instructions", drawInstructions(scale)});
     return screens;
 }
 

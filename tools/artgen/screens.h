@@ -13,11 +13,13 @@ struct Screen {
     QImage image;
 };
 
-// The eight screens: splash, menu, the four highlighted menu entries, about and instructions.
-std::vector<Screen> drawScreens();
+// The eight screens: splash, menu, the four highlighted menu entries, about and instructions, at
+// scale pixels to a pixel of the window's own size. Laid out in the window's pixels, they look
+// alike at any scale, only finer.
+std::vector<Screen> drawScreens(int scale);
 
 // The about and instructions pages.
-QImage drawAbout();
-QImage drawInstructions();
+QImage drawAbout(int scale);
+QImage drawInstructions(int scale);
 
 } // namespace apsis::artgen

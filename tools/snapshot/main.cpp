@@ -42,6 +42,13 @@ QImage render(apsis::Controller& controller, QSize size, double ratio) {
     return image;
 }
 
+// The redraw as it shows once the pictures are decoded at the sizes it draws them.
+QImage renderDecoded(apsis::Controller& controller, QSize size, double ratio) {
+    render(controller, size, ratio);
+    apsis::QtPicture::waitForDecodes();
+    return render(controller, size, ratio);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -51,7 +58,8 @@ int main(int argc, char** argv) {
     double ratio = 1.0;
     if (argc >= 3) {
         const auto match =
-            QRegularExpression("^(\\d{1,5})x(\\d{1,5})(?:@(\\d(?:\\.\\d{1,2})?))?$").match(argv[2]);
+            QRegularExpression("^(\\d{1,5})x(\\d{1,5})(?:@(\\d(?:\\.\\d{1,2})?)x?)?$")
+                .match(argv[2]);
         if (!match.hasMatch())
             return usage();
         size = QSize(match.captured(1).toInt(), match.captured(2).toInt());
@@ -97,12 +105,14 @@ int main(int argc, char** argv) {
             controller->afterWorldStep();
         }
         const auto file = out / (scene.name + ".png");
-        if (render(*controller, size, ratio).save(QString::fromStdString(file.string()), "PNG")) {
+        if (renderDecoded(*controller, size, ratio)
+                .save(QString::fromStdString(file.string()), "PNG")) {
             std::printf("%s\n", file.c_str());
         } else {
             std::fprintf(stderr, "apsis_snapshot: cannot write %s\n", file.c_str());
             ++failures;
         }
     }
+    apsis::QtPicture::waitForDecodes();
     return failures == 0 ? 0 : 1;
 }

@@ -47,6 +47,16 @@ void flyAtScale(Controller& c, int level, unsigned seed, double viewScale) {
     tick(c, 1);
 }
 
+// A level in flight after zoom in was held for 2.5 s: the followed planet fills the view, each of
+// its pixels hundreds of points wide.
+void flyZoomedIn(Controller& c, int level) {
+    fly(c, level, static_cast<unsigned>(level), 30);
+    c.keyDown(kKeyW);
+    tick(c, 75);
+    c.keyUp(kKeyW);
+    tick(c, 1);
+}
+
 // The level-complete screen at its count: t = (200 - counter) / 20.
 void complete(Controller& c, int level, int counter) {
     fly(c, level, 7, 5);
@@ -260,6 +270,9 @@ std::vector<Scene> scenes() {
             c.drawView.viewScale = 4.0e7;
         });
     }
+    for (const int level : {1, 3, 6})
+        add("19-zoomed-in-level" + std::to_string(level),
+            [level](Controller& c) { flyZoomedIn(c, level); });
     return all;
 }
 
