@@ -83,13 +83,17 @@ PathFinder::PathFinder(PathRequest request)
 }
 
 double PathFinder::coarseStep(const Game& world) {
-    double fastest = kLongestStep * kStepsPerTurn; // s, the shortest turn
+    double wanted = kLongestStep; // s
     for (const BodyMember member : kMassiveBodies) {
         const Stellar& body = world.*member;
         const double r = std::sqrt(sqDist(world.player.pos, body.pos));
-        fastest = std::min(fastest, kTwoPi * std::sqrt(r * r * r / (G * body.mass)));
+        const double turn = kTwoPi * std::sqrt(r * r * r / (G * body.mass));
+        // On an eccentric orbit the craft falls fast towards its low point: no step carries it
+        // further than an eighth of its distance from a body, so that no chord of the path cuts
+        // across the body or past the low point.
+        const double reach = kReach * r / velDiff(world.player.pos, body.pos);
+        wanted = std::min({wanted, turn / kStepsPerTurn, reach});
     }
-    const double wanted = std::min(fastest / kStepsPerTurn, kLongestStep);
     const double own = world.timeStep;
     return own * std::max(1.0, std::floor(wanted / own));
 }

@@ -77,7 +77,9 @@ class PathFinder {
     // Two turns, so that a path found again half way along (see NavPrediction) always reaches a
     // whole turn ahead, and at the highest time factors is not found again every other tick.
     static constexpr double kTurnsAhead = 2;
-    static constexpr double kStepsPerTurn = 60;   // coarse steps per turn round the nearest pull
+    static constexpr double kStepsPerTurn = 60;
+    static constexpr double kReach = 0.125; // of the distance to a body, a coarse step at most   //
+                                            // coarse steps per turn round the nearest pull
     static constexpr double kLongestStep = 86400; // s: even far out, the Moon's month in 27 steps
     static constexpr int kCoarseSubSteps = 250;   // sub-steps of a coarse step: 15,000 to a turn
 
