@@ -16,14 +16,7 @@ begin_session
 # Room for both windows side by side, so that neither hides the other.
 start_display "$((2 * width + 40))x$((height + 100))"
 
-ticks_per_second=$(getconf CLK_TCK)
-cpu_ticks() { awk '{ print $14 + $15 }' "/proc/$1/stat"; }
-# Percent of one core used by process $1 between two readings of its ticks taken $3 s apart.
-percent() {
-    awk -v b="$1" -v a="$2" -v t="$ticks_per_second" -v s="$3" \
-        'BEGIN { printf "%.2f", 100 * (a - b) / t / s }'
-}
-peak_memory() { awk '/VmHWM/ { printf "%.1f MB", $2 / 1024 }' "/proc/$1/status"; }
+source "$(dirname "$0")/process_usage.sh"
 # Whether the game's window, at the top-left corner, is still all black.
 is_black() {
     local geometry
@@ -101,7 +94,7 @@ echo "flight at $size, world running: $(percent "$game_before" "$(cpu_ticks "$ga
 if [ -n "$peer" ]; then
     echo "KSpaceDuel at $size, in the same 20 s: $(percent "$peer_before" "$(cpu_ticks "$peer")" 20)% of a core"
 fi
-echo "peak resident memory: $(peak_memory "$game")"
+echo "peak resident memory: $(memory "$game" VmHWM)"
 
 # The same flight with the navigation aids drawn, once they have looked a whole orbit ahead.
 xdotool windowactivate --sync "$game_window"

@@ -16,19 +16,14 @@ source "$(dirname "$0")/../scripts/lib/xvfb.sh"
 begin_session
 start_display "$((width + 40))x$((height + 100))"
 
-ticks_per_second=$(getconf CLK_TCK)
-cpu_ticks() { awk '{ print $14 + $15 }' "/proc/$1/stat"; }
+source "$(dirname "$0")/process_usage.sh"
 # Percent of one core used by process $1 over the next $2 s.
 cpu_over() {
     local before
     before=$(cpu_ticks "$1")
     sleep "$2"
-    awk -v b="$before" -v a="$(cpu_ticks "$1")" -v t="$ticks_per_second" -v s="$2" \
-        'BEGIN { printf "%.1f", 100 * (a - b) / t / s }'
+    percent "$before" "$(cpu_ticks "$1")" "$2"
 }
-
-# Resident memory of process $1 by its line $2 of /proc/PID/status (VmRSS now, VmHWM the peak).
-memory() { awk -v k="$2:" '$1 == k { printf "%.1f MB", $2 / 1024 }' "/proc/$1/status"; }
 
 "$apsis" >/dev/null 2>&1 &
 game=$!
