@@ -11,6 +11,8 @@ begin_session
 for tool in weston weston-screenshooter convert identify; do
     command -v "$tool" >/dev/null || { echo "end_to_end_wayland: $tool is missing (scripts/setup installs it)"; exit 1; }
 done
+# No step ends this script without saying which one.
+trap 'echo "end_to_end_wayland: the step at line $LINENO failed"' ERR
 fail() {
     echo "end_to_end_wayland: $*"
     cp "$work"/*.png /tmp/ 2>/dev/null || true
@@ -111,7 +113,17 @@ stop_weston
 # The screen that made the window overflow: 2560x1600 pixels at scale 4, 640x400 points.
 start_weston 640x400 4
 start_game
-read -r width height < <(sed -n 's/.*xdg_toplevel@[0-9]*\.set_min_size(\([0-9]*\), \([0-9]*\)).*/\1 \2/p' "$work/err.log" | tail -n1)
+# The minimum is sent again once the window knows its screen, which on a busy machine may come
+# after the title: the last one sent, once the compositor has had time to tell the window its size.
+min_size() {
+    sed -n 's/.*xdg_toplevel@[0-9]*\.set_min_size(\([0-9]*\), \([0-9]*\)).*/\1 \2/p' "$work/err.log" | tail -n1
+}
+for _ in $(seq 100); do
+    grep -q 'xdg_surface@[0-9]*\.ack_configure' "$work/err.log" && [ -n "$(min_size)" ] && break
+    sleep 0.1
+done
+sleep 0.5
+read -r width height < <(min_size) || true
 [ -n "${width:-}" ] && [ "$width" -le 640 ] && [ "$height" -le 400 ] ||
     fail "the window's minimum size ${width:-?}x${height:-?} exceeds the 640x400 output"
 end_game
