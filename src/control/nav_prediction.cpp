@@ -63,6 +63,7 @@ void NavPrediction::request(const Game& game, int level, int centre, int goal) {
     centre_ = centre;
     goal_ = goal;
     ticksSinceRequest_ = 0;
+    ++requests_;
     if (isThreaded_) {
         // The last path stays on screen until the first stretch of the new one comes.
         isCurrent_ = false;
@@ -88,7 +89,7 @@ const PathResult* NavPrediction::found() const {
 }
 
 void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveDone,
-                           const Stellar& followed) {
+                           const Stellar& followed, bool isStepCut) {
     ++ticksSinceRequest_;
     if (isThreaded_)
         takeLatest();
@@ -96,8 +97,10 @@ void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveD
         finder_->advance(kStepsPerTick, start_);
     const int centre = orbitCentreOf(game, followed);
     const int goal = goalOf(game, level, isPartialObjectiveDone);
-    const bool isAsked =
-        level == level_ && game.timeStep == timeStep_ && centre == centre_ && goal == goal_;
+    // A step cut short by a plan ahead shrinks at every tick: the path is kept, as if the step
+    // were the one it was found with, and looked for again only a few times a second.
+    const bool isAsked = level == level_ && (game.timeStep == timeStep_ || isStepCut) &&
+                         centre == centre_ && goal == goal_;
     // The world takes at most one step a tick: it stands at the place it stood at the last tick,
     // or a later one no further on than the ticks since the path was asked for, or the path no
     // longer holds. Until those places are found it cannot tell.
@@ -133,8 +136,9 @@ void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveD
     const bool isHeld = craft.isTurningLeft || craft.isTurningRight || craft.isAccelerating;
     const bool isLetGo = wasHeld_ && !isHeld;
     wasHeld_ = isHeld;
+    const bool isChanging = isHeld || isStepCut;
     if (isLetGo || isBehind ||
-        (isLost && (!isAsked || !isHeld || ticksSinceRequest_ >= kRefreshTicks)))
+        (isLost && (!isAsked || !isChanging || ticksSinceRequest_ >= kRefreshTicks)))
         request(game, level, centre, goal);
 }
 

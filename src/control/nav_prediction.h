@@ -25,8 +25,10 @@ class NavPrediction {
                                             // this often: five times a second
 
     void useWorkerThread(bool isUsed) { isThreaded_ = isUsed; }
-    // Once per flight tick, after the world step and the camera.
-    void update(const Game& game, int level, bool isPartialObjectiveDone, const Stellar& followed);
+    // Once per flight tick, after the world step and the camera. isStepCut: a plan ahead has cut
+    // the time step, which then changes at every tick without the player asking.
+    void update(const Game& game, int level, bool isPartialObjectiveDone, const Stellar& followed,
+                bool isStepCut = false);
     // Drops the path and stops the worker.
     void clear();
     // Waits until the path is complete (tests and tools).
@@ -40,6 +42,7 @@ class NavPrediction {
     // Everything found for the latest request, or nullptr.
     const PathResult* found() const;
     bool isLookingAhead() const { return worker_.isRunning(); } // the worker thread is up
+    int requests() const { return requests_; } // how often the path was looked for afresh
 
   private:
     void request(const Game& game, int level, int centre, int goal);
@@ -57,6 +60,7 @@ class NavPrediction {
     int centre_ = -1;
     int goal_ = -1;
     int ticksSinceRequest_ = 0;
+    int requests_ = 0;
     bool wasHeld_ = false; // a key steered the craft at the last tick
 };
 

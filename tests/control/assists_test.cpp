@@ -160,5 +160,29 @@ TEST(Assists, APlanFlownAsPlannedStaysOnItsPath) {
     }
 }
 
+// While a plan waits ahead under time warp, the time step shrinks at every tick towards the burn;
+// the aids' path is looked for again a few times a second then, not at every tick.
+TEST(Assists, AStepCutByAPlanIsNoReasonToLookForThePathAtEveryTick) {
+    ScopedFakeResources files;
+    Controller c;
+    flySeeded(c, 2, 1);
+    play::press(c, kKeyF2);
+    c.game.timeStep = 60;
+    play::press(c, kKeyF7);
+    ASSERT_TRUE(c.plan.isSet);
+    int cutTicks = 0;
+    int requests = 0;
+    for (int tick = 0; tick < 5000 && c.plan.isSet && c.plan.fuelAtStart < 0; ++tick) {
+        const int before = c.navPrediction.requests();
+        c.doFrame();
+        if (c.ownTimeStep > 0) {
+            ++cutTicks;
+            requests += c.navPrediction.requests() - before;
+        }
+    }
+    EXPECT_GT(cutTicks, 30);
+    EXPECT_LE(requests, cutTicks / NavPrediction::kRefreshTicks + 2) << cutTicks;
+}
+
 } // namespace
 } // namespace apsis
