@@ -139,12 +139,13 @@ QImage drawInstructions(int scale) {
     drawRow(painter, y += step, {{"s"}, {"a"}}, "Time faster, time slower");
     drawRow(painter, y += step, {{"w"}, {"q"}}, "Zoom in, zoom out (time slows or quickens too)");
     drawRow(painter, y += step, {{"Tab"}}, "Start the level again");
-    drawRow(painter, y += step, {{"F2"}, {"F3–F10"}},
-            "Navigation aids; attitude hold, planned burn");
+    drawRow(painter, y += step, {{"F2"}, {"F3–F6"}}, "Navigation aids; attitude hold");
+    drawRow(painter, y += step, {{"F7–F10"}, {"Home"}, {"End"}, {"PgUp"}, {"PgDn"}},
+            "Planned burn: set, drop, move, size");
     drawRow(painter, y + step, {{"Esc"}}, "Back to the menu");
 
-    drawSection(painter, 580, "ON THE MENUS");
-    y = 626;
+    drawSection(painter, 621, "ON THE MENUS");
+    y = 665;
     drawRow(painter, y, {{"", Arrow::Up}, {"", Arrow::Down}, {"", Arrow::Left}, {"", Arrow::Right}},
             "Move the choice, or the level and difficulty");
     drawRow(painter, y + step, {{"any other key"}}, "Choose");
