@@ -40,6 +40,7 @@ Game flyBurn(const Game& from, int level, const PathBurn& burn, std::vector<Path
     const double own = from.timeStep;
     while (world.elapsedTime < burn.start) {
         const double left = burn.start - world.elapsedTime;
+        world.timeStep = own;
         const double step = std::max(own, PathFinder::coarseStep(world));
         if (step >= left) {
             world.timeStep = left;
@@ -140,6 +141,9 @@ void PathFinder::stepFine() {
 }
 
 void PathFinder::stepCoarse() {
+    // Each coarse step is measured afresh from the game's own step, not from the last coarse one:
+    // towards a low point it shortens again.
+    coarse_.timeStep = request_.world.timeStep;
     coarse_.timeStep = coarseStep(coarse_);
     coarse_.doFrame(request_.level, kCoarseSubSteps);
     result_.coarse.push_back(sampleOf(coarse_));

@@ -4,6 +4,7 @@
 #include "support/fake_resources.h"
 #include "world/levels.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -51,6 +52,38 @@ TEST(PathFinder, TheCoarsePathStaysWithinAThousandthOfTheFineOne) {
         EXPECT_GT(compared, 60) << level;
     }
     EXPECT_GE(coarseLevels, 4);
+}
+
+// Entered far from its low point, an eccentric orbit's coarse path still shortens its steps as
+// the craft falls: no chord of it cuts in towards Earth by more than a hundredth of the craft's
+// distance, so none crosses the planet or skips the low point.
+TEST(PathFinder, CoarseStepsShortenAgainTowardsTheLowPoint) {
+    ScopedFakeResources files;
+    Controller c;
+    flySeeded(c, 1, 7);
+    Position& craft = c.game.player.pos;
+    const Position& earth = c.game.earth.pos;
+    const double grown = (std::hypot(craft.vx - earth.vx, craft.vy - earth.vy) + 1500) /
+                         std::hypot(craft.vx - earth.vx, craft.vy - earth.vy);
+    craft.vx = earth.vx + grown * (craft.vx - earth.vx);
+    craft.vy = earth.vy + grown * (craft.vy - earth.vy);
+    c.game.timeStep = 5;
+    play::ticks(c, 1300); // about half a turn: near the high point
+    const PathResult path = findWhole(c);
+    ASSERT_GT(path.coarse.size(), 60u);
+    const int e = bodyIndex(c.game, c.game.earth);
+    for (std::size_t k = 1; k < path.coarse.size(); ++k) {
+        const PathSample& s = path.coarse[k - 1];
+        const PathSample& t = path.coarse[k];
+        const double ax = s.craft.x - s.bodyX[e], ay = s.craft.y - s.bodyY[e];
+        const double bx = t.craft.x - t.bodyX[e], by = t.craft.y - t.bodyY[e];
+        // The chord's nearest point to Earth's centre.
+        const double dx = bx - ax, dy = by - ay;
+        const double f = std::clamp(-(ax * dx + ay * dy) / (dx * dx + dy * dy), 0.0, 1.0);
+        const double nearest = std::hypot(ax + f * dx, ay + f * dy);
+        ASSERT_GT(nearest, 0.99 * std::min(std::hypot(ax, ay), std::hypot(bx, by)))
+            << "the chord from " << s.elapsed << " s to " << t.elapsed << " s";
+    }
 }
 
 } // namespace
