@@ -1,7 +1,7 @@
 #include "physics/numeric.h"
 #include "presentation/format.h"
 #include "presentation/nav_parts.h"
-#include "support/draw_harness.h"
+#include "support/aids_frame.h"
 
 #include <cmath>
 #include <functional>
@@ -11,50 +11,6 @@
 
 namespace apsis {
 namespace {
-
-using RC = RecordingCanvas;
-using nav::Box;
-
-const double kW = 1280;
-const double kH = 800;
-
-// A flight frame with the aids drawn over it: the display's calls first, the aids' after.
-struct AidsFrame {
-    DrawHarness h{{1280.0f, 800.0f}};
-    NavAids aids;
-    std::size_t firstAidCall = 0;
-
-    // The offset from the followed body, in the middle of the view, of a point of the view.
-    Offset at(double x, double y) const {
-        const DrawView& v = h.view;
-        return {(x / v.viewWidth - 0.5) * v.viewScale, (y / v.viewHeight - 0.5) * v.viewScaleH};
-    }
-    void draw() {
-        h.view.drawPlay(h.game);
-        firstAidCall = h.canvas.calls.size();
-        drawNavAids(h.view, aids);
-    }
-    std::vector<const RC::Call*> calls(bool ofAids) const {
-        std::vector<const RC::Call*> out;
-        for (std::size_t i = ofAids ? firstAidCall : 0;
-             i < (ofAids ? h.canvas.calls.size() : firstAidCall); ++i)
-            out.push_back(&h.canvas.calls[i]);
-        return out;
-    }
-    // The display writes none of the aids' texts.
-    bool hasAidText(const std::string& text, bool prefix = false) const {
-        return h.canvas.findText(text, prefix) != nullptr;
-    }
-};
-
-Box boxOf(const RC::Call& c) {
-    if (c.op == RC::Op::FillRect)
-        return {c.rect.x, c.rect.y, c.rect.x + c.rect.width, c.rect.y + c.rect.height};
-    // A text's box without the leading between lines: rows 12 points apart in 12-point type,
-    // as the display writes them, touch but do not overlap.
-    const Size s = RC::textSize(c.text, c.style.size);
-    return {c.at.x, c.at.y, c.at.x + s.width, c.at.y + c.style.size};
-}
 
 // A craft with its motion and heading, a path from it, and a satellite to reach.
 NavAids craftAt(const AidsFrame& f, double x, double y) {
@@ -236,59 +192,6 @@ TEST(NavAidsDrawing, ArrowAtTheEdgeTowardsATargetOutOfSight) {
                            kTwoPi),
             0, 1e-3);
         EXPECT_TRUE(f.hasAidText("Mars " + formatDist(7.5e10)));
-    }
-}
-
-// The notes say in words what a number would get wrong, and what they cannot know yet.
-TEST(NavAidsDrawing, NotesInPlainWords) {
-    struct Case {
-        std::function<void(NavAids&)> set;
-        std::string line;
-        std::string absent;
-    };
-    const Case cases[] = {
-        {[](NavAids& a) { a.low.value = -113479.7; }, "Low: below the surface of Earth", "Low"},
-        {[](NavAids& a) {
-             a.low.value = -5;
-             a.orbitBody = "The Moon";
-         },
-         "Low (The Moon): below the surface of the Moon", "Low"},
-        {[](NavAids& a) { a.low.value = 250; }, "Low: " + formatDist(250) + " in " + formatTime(90),
-         ""},
-        {[](NavAids& a) {
-             a.approach = {{true, {}, 0, 0, "Mars"}, {}, 0, true};
-         },
-         "Closest to Mars: beyond the path", "Closest"},
-        {[](NavAids& a) {
-             a.approach = {{true, {}, 1234, 600, "Satellite"}, {}, 7.5, false};
-         },
-         "Closest to Satellite: " + formatDist(1234) + " in " + formatTime(600) + " at 7.50m/s",
-         ""},
-        {[](NavAids& a) { a.phase = {true, {}, {}, {}, 2.0944, "The Moon", "You", "Earth"}; },
-         "The Moon ahead of you round Earth: 120\u00b0", ""},
-        {[](NavAids& a) { a.phase = {true, {}, {}, {}, 0.7854, "Mars", "Earth", "The Sun"}; },
-         "Mars ahead of Earth round the Sun: 45\u00b0", ""},
-        {[](NavAids& a) { a.pathTime = 2 * 86400; },
-         "Path cut short: it ends in " + formatTime(2 * 86400), ""},
-    };
-    for (const Case& test : cases) {
-        SCOPED_TRACE(test.line);
-        AidsFrame f;
-        f.aids.craft = f.at(300, 300);
-        f.aids.hasOrbit = true;
-        f.aids.low = {true, f.at(700, 300), 0, 90, ""};
-        f.aids.high = {true, f.at(100, 300), 1e6, 900, ""};
-        test.set(f.aids);
-        f.aids.isCutShort = f.aids.pathTime > 0;
-        if (f.aids.isCutShort)
-            f.aids.path = {f.at(300, 300), f.at(400, 320)};
-        f.draw();
-        EXPECT_TRUE(f.hasAidText(test.line));
-        if (!test.absent.empty()) {
-            EXPECT_FALSE(f.hasAidText(test.absent)) << "a mark for what is not there";
-        }
-        for (const RC::Call* c : f.calls(true))
-            EXPECT_EQ(c->text.find('-'), std::string::npos) << c->text;
     }
 }
 
