@@ -66,12 +66,13 @@ void drawNotes(Scene& s) {
             lines.emplace_back("High" + around + ": " + formatDist(aids.high.value) +
                                    (aids.isCircular ? "" : inHowLong(aids.high.time)),
                                kHighColor);
-        // A low point under the ground is never reached: the craft hits the ground first.
-        if (aids.low.value < 0)
+        // A low point under the ground is never reached: the craft hits the ground first. Climbing
+        // away on an escape path, the craft has no low point ahead to name.
+        if (aids.low.isShown && aids.low.value < 0)
             lines.emplace_back("Low" + around + ": below the surface of " +
                                    inSentence(body != nullptr ? body : "the body"),
                                kLowColor);
-        else
+        else if (aids.low.isShown)
             lines.emplace_back("Low" + around + ": " + formatDist(aids.low.value) +
                                    (aids.isCircular ? "" : inHowLong(aids.low.time)),
                                kLowColor);
@@ -225,7 +226,7 @@ void drawNavAids(const DrawView& view, const NavAids& aids, const AssistAids* as
         drawNamedMark(s, aids.impact, kImpactColor, "Impact", true);
     drawPathEnd(s);
     // The low point of a path that meets the ground lies inside the body: the impact stands for it.
-    if (aids.hasOrbit && !aids.isCircular && aids.low.value >= 0)
+    if (aids.hasOrbit && !aids.isCircular && aids.low.isShown && aids.low.value >= 0)
         drawNamedMark(s, aids.low, kLowColor, "Low", false);
     if (aids.hasOrbit && !aids.isCircular && !aids.isEscaping)
         drawNamedMark(s, aids.high, kHighColor, "High", false);

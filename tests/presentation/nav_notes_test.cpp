@@ -37,6 +37,11 @@ TEST(NavAidsDrawing, NotesInPlainWords) {
          "The Moon ahead of you round Earth: 120\u00b0", ""},
         {[](NavAids& a) { a.phase = {true, {}, {}, {}, 0.7854, "Mars", "Earth", "The Sun"}; },
          "Mars ahead of Earth round the Sun: 45\u00b0", ""},
+        {[](NavAids& a) { // climbing away from a low point passed
+             a.isEscaping = true;
+             a.low.isShown = false;
+         },
+         "High: escape", "Low"},
         {[](NavAids& a) { a.pathTime = 2 * 86400; },
          "Path cut short: it ends in " + formatTime(2 * 86400), ""},
     };
@@ -58,6 +63,8 @@ TEST(NavAidsDrawing, NotesInPlainWords) {
         }
         for (const RC::Call* c : f.calls(true))
             EXPECT_EQ(c->text.find('-'), std::string::npos) << c->text;
+        // A low point not ahead is not named, with no time or with an old one.
+        EXPECT_EQ(f.hasAidText("Low", true), f.aids.low.isShown);
     }
 }
 
