@@ -98,11 +98,12 @@ bool LabelPlacer::put(const Label& label) {
     // crosses no other mark where it can.
     for (const bool mayCrossMarks : {false, true}) {
         for (const double reach : kLeaderReaches) {
-            for (int k = 0; k < 16; ++k) {
-                // Right, left, down, up first, then the directions between them.
+            for (int k = 0; k < 32; ++k) {
+                // Right, left, down, up first, then the directions between them, then those
+                // between all of these.
                 static constexpr int kOrder[16] = {0,  8, 12, 4, 14, 2, 10, 6,
                                                    15, 1, 9,  7, 13, 3, 11, 5};
-                const double a = kOrder[k] * kPi / 8;
+                const double a = (kOrder[k % 16] + (k < 16 ? 0 : 0.5)) * kPi / 8;
                 const double cx = std::cos(a);
                 const double cy = std::sin(a);
                 const ViewPoint end = along(p, a, r + reach);
