@@ -17,7 +17,8 @@ constexpr double kLeaderStep = 3.0;
 
 } // namespace
 
-LabelPlacer::LabelPlacer(Canvas& canvas, const DrawView& view) : canvas_(canvas), view_(view) {}
+LabelPlacer::LabelPlacer(Canvas& canvas, const DrawView& view, bool isBacked)
+    : canvas_(canvas), view_(view), isBacked_(isBacked) {}
 
 // Where the display writes, as the flight frame draws it: texts 12 points high every 12 points,
 // bottoms 22 to 70 points from the top on the left and to 94 on the right, so the boxes reach
@@ -74,12 +75,16 @@ bool LabelPlacer::isClear(const Box& box, ViewPoint mark, ViewPoint from, ViewPo
 
 bool LabelPlacer::put(const Label& label) {
     const Size size = canvas_.measureText(label.text, kMarkStyle);
-    const double tw = size.width;
+    // The box is the plate's where there is one: the text stands in its middle.
+    const double pad = isBacked_ ? kPlatePad : 0;
+    const double tw = static_cast<double>(size.width) + 2 * pad;
     const double th = size.height;
     const ViewPoint p = label.at;
     const double r = label.reach;
     const auto draw = [&](const Box& box) {
-        canvas_.drawText(label.text, toPoint(box.left, box.bottom), kMarkStyle);
+        if (isBacked_)
+            canvas_.fillRect(toRect(box.left, box.bottom, tw, th), kPlateColor);
+        canvas_.drawText(label.text, toPoint(box.left + pad, box.bottom), kMarkStyle);
         held_.push_back({box, true});
         return true;
     };

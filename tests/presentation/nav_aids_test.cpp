@@ -84,32 +84,37 @@ TEST(NavAidsDrawing, LabelsStandClearInBusyScenes) {
         if (test.more)
             test.more(f);
         f.draw();
-        std::vector<const RC::Call*> held;
+        std::vector<Box> held; // the display's texts and bars, not its background
         for (const RC::Call* c : f.calls(false)) {
-            if (c->op == RC::Op::DrawText || c->op == RC::Op::FillRect)
-                held.push_back(c);
+            if (c->op == RC::Op::DrawText ||
+                (c->op == RC::Op::FillRect && static_cast<double>(c->rect.width) < kW))
+                held.push_back(boxOf(*c));
         }
         const ViewPoint craft = nav::place(f.h.view, f.aids.craft);
         const Box craftBox = nav::boxAround(craft, 10);
         const Box scaleBar{40, 10, kW - 40, 20};
-        std::vector<const RC::Call*> texts;
+        // Each text of the aids on a dark plate, and the plates, which hold the texts, clear of
+        // one another and of everything else.
+        std::vector<Box> plates;
         for (const RC::Call* c : f.calls(true)) {
             if (c->op == RC::Op::DrawText) {
                 const Box b = boxOf(*c);
-                EXPECT_FALSE(b.overlaps(craftBox)) << c->text;
-                EXPECT_FALSE(b.overlaps(scaleBar)) << c->text;
-                EXPECT_TRUE(b.left >= 0 && b.bottom >= 0 && b.right <= kW && b.top <= kH)
-                    << c->text;
-                for (const RC::Call* other : held) {
-                    const bool isBackground = other->op == RC::Op::FillRect &&
-                                              static_cast<double>(other->rect.width) >= kW &&
-                                              static_cast<double>(other->rect.height) >= kH;
-                    EXPECT_TRUE(isBackground || !b.overlaps(boxOf(*other)))
-                        << c->text << " on " << other->text;
-                }
-                for (const RC::Call* other : texts)
-                    EXPECT_FALSE(b.overlaps(boxOf(*other))) << c->text << " on " << other->text;
-                texts.push_back(c);
+                const Box p = plates.empty() ? Box{} : plates.back();
+                EXPECT_TRUE(p.left <= b.left && p.right >= b.right && p.bottom <= b.bottom &&
+                            p.top >= b.top)
+                    << c->text << " without a plate";
+                continue;
+            }
+            if (c->op == RC::Op::FillRect && c->color == nav::kPlateColor) {
+                const Box b = boxOf(*c);
+                EXPECT_FALSE(b.overlaps(craftBox));
+                EXPECT_FALSE(b.overlaps(scaleBar));
+                EXPECT_TRUE(b.left >= 0 && b.bottom >= 0 && b.right <= kW && b.top <= kH);
+                for (const Box& other : held)
+                    EXPECT_FALSE(b.overlaps(other)) << "a plate on the display's read-outs";
+                for (const Box& other : plates)
+                    EXPECT_FALSE(b.overlaps(other)) << "plates overlap";
+                plates.push_back(b);
                 continue;
             }
             if (c->color == nav::kPathColor || c->color == nav::kNoseColor)
