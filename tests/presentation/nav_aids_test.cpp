@@ -37,97 +37,115 @@ NavAids craftAt(const AidsFrame& f, double x, double y) {
     return a;
 }
 
+// A busy scene: the craft as craftAt sets it up at a place of the view, more set up, and the
+// labels that must all be shown.
+struct BusyScene {
+    const char* name;
+    double x, y; // the craft, view points
+    std::function<void(AidsFrame&)> more;
+    std::vector<std::string> labels;
+};
+
+void expectClearInBusyScene(const BusyScene& test, Size size) {
+    SCOPED_TRACE(testing::Message() << test.name << " at " << size.width << "x" << size.height);
+    const double w = static_cast<double>(size.width), h = static_cast<double>(size.height);
+    AidsFrame f(size);
+    f.aids = craftAt(f, test.x, test.y);
+    if (test.more)
+        test.more(f);
+    f.draw();
+    std::vector<Box> held; // the display's texts and bars, not its background
+    for (const RC::Call* c : f.calls(false)) {
+        if (c->op == RC::Op::DrawText ||
+            (c->op == RC::Op::FillRect && static_cast<double>(c->rect.width) < w))
+            held.push_back(boxOf(*c));
+    }
+    const ViewPoint craft = nav::place(f.h.view, f.aids.craft);
+    const Box craftBox = nav::boxAround(craft, 10);
+    const Box scaleBar{40, 10, w - 40, 20};
+    // Each text of the aids on a dark plate, and the plates, which hold the texts, clear of
+    // one another and of everything else.
+    std::vector<Box> plates;
+    for (const RC::Call* c : f.calls(true)) {
+        if (c->op == RC::Op::DrawText) {
+            const Box b = boxOf(*c);
+            const Box p = plates.empty() ? Box{} : plates.back();
+            EXPECT_TRUE(p.left <= b.left && p.right >= b.right && p.bottom <= b.bottom &&
+                        p.top >= b.top)
+                << c->text << " without a plate";
+            continue;
+        }
+        if (c->op == RC::Op::FillRect && c->color == nav::kPlateColor) {
+            const Box b = boxOf(*c);
+            EXPECT_FALSE(b.overlaps(craftBox));
+            EXPECT_FALSE(b.overlaps(scaleBar));
+            EXPECT_TRUE(b.left >= 0 && b.bottom >= 0 && b.right <= w && b.top <= h);
+            for (const Box& other : held)
+                EXPECT_FALSE(b.overlaps(other)) << "a plate on the display's read-outs";
+            for (const Box& other : plates)
+                EXPECT_FALSE(b.overlaps(other)) << "plates overlap";
+            plates.push_back(b);
+            continue;
+        }
+        if (c->color == nav::kPathColor || c->color == nav::kNoseColor)
+            continue;
+        for (const Path::Element& e : c->path.elements) {
+            const double x = static_cast<double>(e.rect.x + e.rect.width / 2);
+            const double y = static_cast<double>(e.rect.y + e.rect.height / 2);
+            EXPECT_GT(std::hypot(x - craft.x, y - craft.y), 8.0) << "a mark on the craft";
+        }
+    }
+    for (const std::string& label : test.labels)
+        EXPECT_TRUE(f.hasAidText(label)) << label;
+    EXPECT_TRUE(f.hasAidText("Closest to Satellite: ", true));
+}
+
 // In busy scenes every label stands clear of the others, of the display's read-outs, of the
 // notices over the view and of the craft, and none of the marks' labels is left out; no mark
 // but the path and the heading comes near the craft.
 TEST(NavAidsDrawing, LabelsStandClearInBusyScenes) {
-    struct Case {
-        const char* name;
-        double x, y; // the craft, view points
-        std::function<void(AidsFrame&)> more;
-        std::vector<std::string> labels;
-    };
-    const Case cases[] = {
-        {"under the left column",
-         60,
-         kH - 110,
-         nullptr,
-         {"High", "Low", "Closest", "path ends", "Sun", "Satellite then"}},
-        {"under the right column", kW - 70, kH - 105, nullptr, {"High", "Low", "Closest", "Sun"}},
-        {"on the scale bar", 300, 40, nullptr, {"High", "Low", "Closest", "Sun"}},
-        {"approach on the craft",
-         640,
-         400,
-         [](AidsFrame& f) {
-             f.aids.approach.at = f.at(642, 401);
-             f.aids.approach.bodyThen = f.at(641, 403);
-             f.aids.target = f.at(641, 402);
-             f.aids.low.at = f.at(644, 398);
-         },
-         {"High", "path ends", "Sun"}},
-        {"crowded and paused",
-         640,
-         470,
-         [](AidsFrame& f) {
-             f.h.game.running = false;
-             f.aids.impact = {true, f.at(655, 470), 0, 800, "Earth"};
-             f.aids.target = f.at(-300, 900);
-             f.aids.phase = {true, f.at(600, 430), f.at(640, 470), f.at(560, 470),
-                             1.5,  "The Moon",     "You",          "Earth"};
-         },
-         {"High", "Low", "Closest", "Impact", "path ends", "Sun", "86\u00b0"}},
-    };
-    for (const Case& test : cases) {
-        SCOPED_TRACE(test.name);
-        AidsFrame f;
-        f.aids = craftAt(f, test.x, test.y);
-        if (test.more)
-            test.more(f);
-        f.draw();
-        std::vector<Box> held; // the display's texts and bars, not its background
-        for (const RC::Call* c : f.calls(false)) {
-            if (c->op == RC::Op::DrawText ||
-                (c->op == RC::Op::FillRect && static_cast<double>(c->rect.width) < kW))
-                held.push_back(boxOf(*c));
-        }
-        const ViewPoint craft = nav::place(f.h.view, f.aids.craft);
-        const Box craftBox = nav::boxAround(craft, 10);
-        const Box scaleBar{40, 10, kW - 40, 20};
-        // Each text of the aids on a dark plate, and the plates, which hold the texts, clear of
-        // one another and of everything else.
-        std::vector<Box> plates;
-        for (const RC::Call* c : f.calls(true)) {
-            if (c->op == RC::Op::DrawText) {
-                const Box b = boxOf(*c);
-                const Box p = plates.empty() ? Box{} : plates.back();
-                EXPECT_TRUE(p.left <= b.left && p.right >= b.right && p.bottom <= b.bottom &&
-                            p.top >= b.top)
-                    << c->text << " without a plate";
-                continue;
-            }
-            if (c->op == RC::Op::FillRect && c->color == nav::kPlateColor) {
-                const Box b = boxOf(*c);
-                EXPECT_FALSE(b.overlaps(craftBox));
-                EXPECT_FALSE(b.overlaps(scaleBar));
-                EXPECT_TRUE(b.left >= 0 && b.bottom >= 0 && b.right <= kW && b.top <= kH);
-                for (const Box& other : held)
-                    EXPECT_FALSE(b.overlaps(other)) << "a plate on the display's read-outs";
-                for (const Box& other : plates)
-                    EXPECT_FALSE(b.overlaps(other)) << "plates overlap";
-                plates.push_back(b);
-                continue;
-            }
-            if (c->color == nav::kPathColor || c->color == nav::kNoseColor)
-                continue;
-            for (const Path::Element& e : c->path.elements) {
-                const double x = static_cast<double>(e.rect.x + e.rect.width / 2);
-                const double y = static_cast<double>(e.rect.y + e.rect.height / 2);
-                EXPECT_GT(std::hypot(x - craft.x, y - craft.y), 8.0) << "a mark on the craft";
-            }
-        }
-        for (const std::string& label : test.labels)
-            EXPECT_TRUE(f.hasAidText(label)) << label;
-        EXPECT_TRUE(f.hasAidText("Closest to Satellite: ", true));
+    // At two sizes of the view: marks near its edges, its middle and the notice of a pause there.
+    for (const Size size : {Size{1280.0f, 800.0f}, Size{1920.0f, 1080.0f}}) {
+        const double w = static_cast<double>(size.width), h = static_cast<double>(size.height);
+        const double cx = w / 2, cy = h / 2;
+        const BusyScene cases[] = {
+            {"under the left column",
+             60,
+             h - 110,
+             nullptr,
+             {"High", "Low", "Closest", "path ends", "Sun", "Satellite then"}},
+            {"under the right column", w - 70, h - 105, nullptr, {"High", "Low", "Closest", "Sun"}},
+            {"on the scale bar", 300, 40, nullptr, {"High", "Low", "Closest", "Sun"}},
+            {"approach on the craft",
+             cx,
+             cy,
+             [=](AidsFrame& f) {
+                 f.aids.approach.at = f.at(cx + 2, cy + 1);
+                 f.aids.approach.bodyThen = f.at(cx + 1, cy + 3);
+                 f.aids.target = f.at(cx + 1, cy + 2);
+                 f.aids.low.at = f.at(cx + 4, cy - 2);
+             },
+             {"High", "path ends", "Sun"}},
+            {"crowded and paused",
+             cx,
+             cy + 70,
+             [=](AidsFrame& f) {
+                 f.h.game.running = false;
+                 f.aids.impact = {true, f.at(cx + 15, cy + 70), 0, 800, "Earth"};
+                 f.aids.target = f.at(-300, h + 100);
+                 f.aids.phase = {true,
+                                 f.at(cx - 40, cy + 30),
+                                 f.at(cx, cy + 70),
+                                 f.at(cx - 80, cy + 70),
+                                 1.5,
+                                 "The Moon",
+                                 "You",
+                                 "Earth"};
+             },
+             {"High", "Low", "Closest", "Impact", "path ends", "Sun", "86\u00b0"}},
+        };
+        for (const BusyScene& test : cases)
+            expectClearInBusyScene(test, size);
     }
 }
 

@@ -19,9 +19,11 @@ inline const double kH = 800;
 
 // A flight frame with the aids drawn over it: the display's calls first, the aids' after.
 struct AidsFrame {
-    DrawHarness h{{1280.0f, 800.0f}};
+    DrawHarness h;
     NavAids aids;
     std::size_t firstAidCall = 0;
+
+    explicit AidsFrame(Size view = {static_cast<float>(kW), static_cast<float>(kH)}) : h(view) {}
 
     // The offset from the followed body, in the middle of the view, of a point of the view.
     Offset at(double x, double y) const {
