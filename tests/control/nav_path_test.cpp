@@ -2,6 +2,7 @@
 #include "control/nav_path.h"
 #include "control/play.h"
 #include "support/fake_resources.h"
+#include "world/bodies.h"
 #include "world/levels.h"
 
 #include <cmath>
@@ -51,6 +52,19 @@ TEST(PathFinder, TheCoarsePathStaysWithinAThousandthOfTheFineOne) {
         EXPECT_GT(compared, 60) << level;
     }
     EXPECT_GE(coarseLevels, 4);
+}
+
+// A path not yet found beyond the craft's place now tells of the closest approach only that it
+// lies beyond: not that it is now.
+TEST(NavAids, ClosestApproachOfAPathNotYetFoundLiesBeyondIt) {
+    ScopedFakeResources files;
+    seedRandomAngles(5);
+    Game game;
+    game.setLevel(5);
+    const PathSample now = sampleOf(game);
+    NavAids aids;
+    findApproach(aids, game, game.satellite, game.earth, {&now}, bodyIndex(game, game.earth));
+    EXPECT_TRUE(aids.approach.isShown && aids.approach.isBeyondPath);
 }
 
 } // namespace
