@@ -118,9 +118,9 @@ void findApproach(NavAids& aids, const Game& game, const Stellar& target, const 
                  : Offset{a->bodyX[t] - a->bodyX[reference], a->bodyY[t] - a->bodyY[reference]};
     approach.speed = s.dt > 0 ? s.speed(t, u)
                               : std::hypot(a->craft.vx - a->bodyVX[t], a->craft.vy - a->bodyVY[t]);
-    // Still closing in at the path's end: the true closest approach lies further on.
-    approach.isBeyondPath =
-        path.size() > 1 && ((a == path.back() && u == 0) || (b == path.back() && u > 1 - 1e-6));
+    // Still closing in at the path's end: the true closest approach lies further on. So it does
+    // while the path is no more than the craft now, not yet found further.
+    approach.isBeyondPath = (a == path.back() && u == 0) || (b == path.back() && u > 1 - 1e-6);
 }
 
 } // namespace apsis

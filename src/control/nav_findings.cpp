@@ -56,12 +56,19 @@ void findOrbit(NavAids& aids, const Game& game, const Stellar& body) {
         const double mean = ecc - e * std::sin(ecc); // -pi to pi, 0 at the low point
         aids.low.time = (mean <= 0 ? -mean : kTwoPi - mean) / n;
         aids.high.time = (kPi - mean) / n;
-    } else if (nu < 0 && e > 1) {
+    } else if (nu < 0 && e - 1 < 1e-6) {
+        // Still falling towards the low point of a path just fast enough to escape: a parabola.
+        const double d = std::tan(nu / 2);
+        aids.low.time = -0.5 * std::sqrt(p * p * p / mu) * (d + d * d * d / 3);
+    } else if (nu < 0) {
         // Still falling towards the low point of an escape path.
         const double reach = -a;
         const double n = std::sqrt(mu / (reach * reach * reach));
         const double f = 2 * std::atanh(std::sqrt((e - 1) / (e + 1)) * std::tan(nu / 2));
         aids.low.time = -(e * std::sinh(f) - f) / n;
+    } else {
+        // Past the low point of an escape path and climbing away: no low point lies ahead.
+        aids.low.isShown = false;
     }
 }
 

@@ -37,7 +37,7 @@ void drawReadOuts(DrawView& view, Canvas& canvas, const AssistAids& a) {
         if (a.hasOrbit)
             lines.push_back("Planned High: " +
                             (a.isEscaping ? std::string("escape") : formatDist(a.high.value)) +
-                            " Low: " + formatDist(a.low.value));
+                            (a.low.isShown ? " Low: " + formatDist(a.low.value) : ""));
     }
     double y = view.viewHeight - 118;
     for (const std::string& line : lines) {
@@ -79,7 +79,7 @@ void drawPlanParts(Canvas& canvas, const DrawView& view, const AssistAids& a, La
             labels.push_back({"Burn", start, 6});
         }
     }
-    if (a.hasOrbit && a.low.value >= 0)
+    if (a.hasOrbit && a.low.isShown && a.low.value >= 0)
         drawPlanMark(canvas, view, a.low, "Planned low", placer, labels);
     if (a.hasOrbit && !a.isEscaping)
         drawPlanMark(canvas, view, a.high, "Planned high", placer, labels);

@@ -5,6 +5,7 @@
 #include "presentation/format.h"
 #include "presentation/nav_parts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <utility>
@@ -24,6 +25,8 @@ struct Scene {
     bool isCraftInView;
     LabelPlacer placer;
     std::vector<Label> labels;
+    std::vector<std::pair<std::string, Color>> notes; // their lines, top first, and colours
+    double notesTop = 0;                              // where the top line stands
 
     // A mark this close to the craft would sit on it: the notes say what it would have shown.
     bool isOnCraft(ViewPoint p) const { return isCraftInView && distance(p, craft) < reach.clear; }
@@ -50,11 +53,11 @@ std::string speedText(double speed) {
 }
 
 // The aids' own lines, under the display's left column and in its rhythm of 12 points. Each line
-// is in the colour of its mark, so the text is the marks' legend. The lines are held clear of
-// the labels.
-void drawNotes(Scene& s) {
+// is in the colour of its mark, so the text is the marks' legend. Their place is found first and
+// held clear of the labels; they are drawn last, over the marks.
+void placeNotes(Scene& s) {
     const NavAids& aids = s.aids;
-    std::vector<std::pair<std::string, Color>> lines;
+    std::vector<std::pair<std::string, Color>>& lines = s.notes;
     const Color plain = kAidStyle.color;
     if (aids.hasOrbit) {
         const char* body = *aids.orbitBody != '\0' ? aids.orbitBody : s.view.viewTarget.name;
@@ -66,12 +69,13 @@ void drawNotes(Scene& s) {
             lines.emplace_back("High" + around + ": " + formatDist(aids.high.value) +
                                    (aids.isCircular ? "" : inHowLong(aids.high.time)),
                                kHighColor);
-        // A low point under the ground is never reached: the craft hits the ground first.
-        if (aids.low.value < 0)
+        // A low point under the ground is never reached: the craft hits the ground first. Climbing
+        // away on an escape path, the craft has no low point ahead to name.
+        if (aids.low.isShown && aids.low.value < 0)
             lines.emplace_back("Low" + around + ": below the surface of " +
                                    inSentence(body != nullptr ? body : "the body"),
                                kLowColor);
-        else
+        else if (aids.low.isShown)
             lines.emplace_back("Low" + around + ": " + formatDist(aids.low.value) +
                                    (aids.isCircular ? "" : inHowLong(aids.low.time)),
                                kLowColor);
@@ -118,12 +122,26 @@ void drawNotes(Scene& s) {
     if (s.isCraftInView && aroundCraft.overlaps({0, top - below - 2, 12 + widest, top + 14}) &&
         !aroundCraft.overlaps({0, 58, 12 + widest, 74 + below}))
         top = 62 + below;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
+    s.notesTop = top;
+    const double high = s.canvas.measureText(lines.front().first, kAidStyle).height;
+    s.placer.hold({0, top - below - 2, 12 + widest, top + std::max(14.0, high)}, true);
+}
+
+// Each line on its own plate: plates 12 points high from the bottom of each line's box, which
+// hold its descenders and its capitals, meet the next line's without overlapping; the top plate
+// reaches the top of its box.
+void drawNotes(Scene& s) {
+    for (std::size_t i = 0; i < s.notes.size(); ++i) {
+        const double y = s.notesTop - 12.0 * static_cast<double>(i);
         TextStyle style = kAidStyle;
-        style.color = lines[i].second;
-        s.canvas.drawText(lines[i].first, toPoint(10, top - 12.0 * static_cast<double>(i)), style);
+        style.color = s.notes[i].second;
+        const Size size = s.canvas.measureText(s.notes[i].first, style);
+        const double high = i == 0 ? std::max(12.0, static_cast<double>(size.height)) : 12.0;
+        s.canvas.fillRect(
+            toRect(10 - kPlatePad, y, static_cast<double>(size.width) + 2 * kPlatePad, high),
+            kPlateColor);
+        s.canvas.drawText(s.notes[i].first, toPoint(10, y), style);
     }
-    s.placer.hold({0, top - below - 2, 12 + widest, top + 14}, true);
 }
 
 // A mark on the path, named.
@@ -200,12 +218,14 @@ void drawNavAids(const DrawView& view, const NavAids& aids, const AssistAids* as
             craft,
             craftReach(view),
             isInView(view, craft),
-            LabelPlacer(*canvas, view),
-            {}};
+            LabelPlacer(*canvas, view, true),
+            {},
+            {},
+            0};
     s.placer.holdDisplay();
     if (s.isCraftInView)
         s.placer.hold(boxAround(craft, s.reach.clear), true);
-    drawNotes(s);
+    placeNotes(s);
     if (aids.hasZone) {
         const ViewPoint c = place(view, aids.zoneCentre);
         drawCircle(*canvas, view, c, view.lengthToView(aids.zoneInner), kZoneColor);
@@ -225,7 +245,7 @@ void drawNavAids(const DrawView& view, const NavAids& aids, const AssistAids* as
         drawNamedMark(s, aids.impact, kImpactColor, "Impact", true);
     drawPathEnd(s);
     // The low point of a path that meets the ground lies inside the body: the impact stands for it.
-    if (aids.hasOrbit && !aids.isCircular && aids.low.value >= 0)
+    if (aids.hasOrbit && !aids.isCircular && aids.low.isShown && aids.low.value >= 0)
         drawNamedMark(s, aids.low, kLowColor, "Low", false);
     if (aids.hasOrbit && !aids.isCircular && !aids.isEscaping)
         drawNamedMark(s, aids.high, kHighColor, "High", false);
@@ -237,6 +257,7 @@ void drawNavAids(const DrawView& view, const NavAids& aids, const AssistAids* as
         drawSun(*canvas, view, aids, craft, s.reach, s.placer, s.labels);
         drawHeading(*canvas, aids, craft, s.reach, s.placer);
     }
+    drawNotes(s);
     for (const Label& label : s.labels)
         s.placer.put(label);
 }

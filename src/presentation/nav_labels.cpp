@@ -17,7 +17,8 @@ constexpr double kLeaderStep = 3.0;
 
 } // namespace
 
-LabelPlacer::LabelPlacer(Canvas& canvas, const DrawView& view) : canvas_(canvas), view_(view) {}
+LabelPlacer::LabelPlacer(Canvas& canvas, const DrawView& view, bool isBacked)
+    : canvas_(canvas), view_(view), isBacked_(isBacked) {}
 
 // Where the display writes, as the flight frame draws it: texts 12 points high every 12 points,
 // bottoms 22 to 70 points from the top on the left and to 94 on the right, so the boxes reach
@@ -74,12 +75,16 @@ bool LabelPlacer::isClear(const Box& box, ViewPoint mark, ViewPoint from, ViewPo
 
 bool LabelPlacer::put(const Label& label) {
     const Size size = canvas_.measureText(label.text, kMarkStyle);
-    const double tw = size.width;
+    // The box is the plate's where there is one: the text stands in its middle.
+    const double pad = isBacked_ ? kPlatePad : 0;
+    const double tw = static_cast<double>(size.width) + 2 * pad;
     const double th = size.height;
     const ViewPoint p = label.at;
     const double r = label.reach;
     const auto draw = [&](const Box& box) {
-        canvas_.drawText(label.text, toPoint(box.left, box.bottom), kMarkStyle);
+        if (isBacked_)
+            canvas_.fillRect(toRect(box.left, box.bottom, tw, th), kPlateColor);
+        canvas_.drawText(label.text, toPoint(box.left + pad, box.bottom), kMarkStyle);
         held_.push_back({box, true});
         return true;
     };
@@ -98,11 +103,12 @@ bool LabelPlacer::put(const Label& label) {
     // crosses no other mark where it can.
     for (const bool mayCrossMarks : {false, true}) {
         for (const double reach : kLeaderReaches) {
-            for (int k = 0; k < 16; ++k) {
-                // Right, left, down, up first, then the directions between them.
+            for (int k = 0; k < 32; ++k) {
+                // Right, left, down, up first, then the directions between them, then those
+                // between all of these.
                 static constexpr int kOrder[16] = {0,  8, 12, 4, 14, 2, 10, 6,
                                                    15, 1, 9,  7, 13, 3, 11, 5};
-                const double a = kOrder[k] * kPi / 8;
+                const double a = (kOrder[k % 16] + (k < 16 ? 0 : 0.5)) * kPi / 8;
                 const double cx = std::cos(a);
                 const double cy = std::sin(a);
                 const ViewPoint end = along(p, a, r + reach);

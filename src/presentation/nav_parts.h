@@ -28,6 +28,9 @@ inline constexpr Color kPhaseColor{0.55, 1.0, 0.85, 1.0};
 inline constexpr Color kLeaderColor{0.8, 0.9, 1.0, 0.5};
 inline constexpr Color kPlanColor{0.75, 0.6, 1.0, 0.95}; // the planned burn's path and read-outs
 inline constexpr Color kBurnColor{1.0, 1.0, 1.0, 1.0};   // the burn itself
+// Behind each of the aids' own texts, so that it reads over a bright planet as well as on black.
+inline constexpr Color kPlateColor{0.0, 0.0, 0.0, 0.75};
+constexpr double kPlatePad = 2.0; // points of plate either side of a text
 inline const TextStyle kAidStyle{FontFamily::Courier, 12.0f, Color{0.55, 0.85, 1.0, 1.0}};
 inline const TextStyle kMarkStyle{FontFamily::Label, 11.0f, Color{0.8, 0.9, 1.0, 1.0}};
 
@@ -93,10 +96,11 @@ struct Label {
 
 // Puts labels where they cover none of the places it holds: the display's read-outs, the craft,
 // the marks and the labels already placed. A label stands beside its mark where it can, else
-// further out on a leader line; only a view with no room at all leaves it out.
+// further out on a leader line; only a view with no room at all leaves it out. A backed placer
+// sets each label on a plate a little wider than its text.
 class LabelPlacer {
   public:
-    LabelPlacer(Canvas& canvas, const DrawView& view);
+    LabelPlacer(Canvas& canvas, const DrawView& view, bool isBacked = false);
 
     // A solid box (a text, the craft) is crossed by no leader line; a mark's box only when no
     // other way out is left.
@@ -117,6 +121,7 @@ class LabelPlacer {
     };
     Canvas& canvas_;
     const DrawView& view_;
+    bool isBacked_;
     std::vector<Held> held_;
 };
 

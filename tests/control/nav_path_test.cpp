@@ -2,6 +2,7 @@
 #include "control/nav_path.h"
 #include "control/play.h"
 #include "support/fake_resources.h"
+#include "world/bodies.h"
 #include "world/levels.h"
 
 #include <algorithm>
@@ -84,6 +85,19 @@ TEST(PathFinder, CoarseStepsShortenAgainTowardsTheLowPoint) {
         ASSERT_GT(nearest, 0.99 * std::min(std::hypot(ax, ay), std::hypot(bx, by)))
             << "the chord from " << s.elapsed << " s to " << t.elapsed << " s";
     }
+}
+
+// A path not yet found beyond the craft's place now tells of the closest approach only that it
+// lies beyond: not that it is now.
+TEST(NavAids, ClosestApproachOfAPathNotYetFoundLiesBeyondIt) {
+    ScopedFakeResources files;
+    seedRandomAngles(5);
+    Game game;
+    game.setLevel(5);
+    const PathSample now = sampleOf(game);
+    NavAids aids;
+    findApproach(aids, game, game.satellite, game.earth, {&now}, bodyIndex(game, game.earth));
+    EXPECT_TRUE(aids.approach.isShown && aids.approach.isBeyondPath);
 }
 
 } // namespace

@@ -114,6 +114,45 @@ TEST(NavAids, HighAndLowPointsOfKnownOrbits) {
     }
 }
 
+// On an escape path the low point is named only while it lies ahead: falling in, with the time
+// the world then takes to bring the craft closest; climbing away, not at all, nor a high point.
+TEST(NavAids, TheLowPointOfAnEscapeOnlyWhileItLiesAhead) {
+    ScopedFakeResources files;
+    const double mu = G * 5.98e24;
+    const double e = 1.25, p = 7e6 * (1 + e); // a low point 7,000 km from Earth's centre
+    for (const double nu : {-1.0, 1.0}) {     // rad from the low point, the way the craft flies
+        seedRandomAngles(4);
+        Game game;
+        game.setLevel(0);
+        game.timeStep = 2.0;
+        const double r = p / (1 + e * std::cos(nu));
+        const double radial = std::sqrt(mu / p) * e * std::sin(nu);
+        const double across = std::sqrt(mu / p) * (1 + e * std::cos(nu));
+        game.player.pos = game.earth.pos;
+        game.player.pos.x += r * std::cos(nu);
+        game.player.pos.y += r * std::sin(nu);
+        game.player.pos.vx += radial * std::cos(nu) - across * std::sin(nu);
+        game.player.pos.vy += radial * std::sin(nu) + across * std::cos(nu);
+        NavPrediction prediction;
+        const NavAids aids = prediction.aids(game, 0, false, game.earth);
+        ASSERT_TRUE(aids.hasOrbit && aids.isEscaping);
+        EXPECT_FALSE(aids.high.isShown);
+        EXPECT_EQ(aids.low.isShown, nu < 0) << nu;
+        if (nu > 0)
+            continue;
+        double closest = r, when = 0;
+        for (int k = 1; k < 2000; ++k) {
+            game.doFrame(0);
+            if (const double d = std::sqrt(sqDist(game.player.pos, game.earth.pos)); d < closest) {
+                closest = d;
+                when = k * game.timeStep;
+            }
+        }
+        EXPECT_NEAR(aids.low.value + 6380000.0 + 2.0, closest, 1e3);
+        EXPECT_NEAR(aids.low.time, when, 2 * game.timeStep);
+    }
+}
+
 // The closest approach to the target along the path is the closest the craft then comes, found
 // between the path's places as finely as a replay in steps a hundred times shorter finds it: to
 // the satellite in level 5, and in level 8 to the asteroid, the craft put a little off its track.

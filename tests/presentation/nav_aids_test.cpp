@@ -1,7 +1,7 @@
 #include "physics/numeric.h"
 #include "presentation/format.h"
 #include "presentation/nav_parts.h"
-#include "support/draw_harness.h"
+#include "support/aids_frame.h"
 
 #include <cmath>
 #include <functional>
@@ -11,50 +11,6 @@
 
 namespace apsis {
 namespace {
-
-using RC = RecordingCanvas;
-using nav::Box;
-
-const double kW = 1280;
-const double kH = 800;
-
-// A flight frame with the aids drawn over it: the display's calls first, the aids' after.
-struct AidsFrame {
-    DrawHarness h{{1280.0f, 800.0f}};
-    NavAids aids;
-    std::size_t firstAidCall = 0;
-
-    // The offset from the followed body, in the middle of the view, of a point of the view.
-    Offset at(double x, double y) const {
-        const DrawView& v = h.view;
-        return {(x / v.viewWidth - 0.5) * v.viewScale, (y / v.viewHeight - 0.5) * v.viewScaleH};
-    }
-    void draw() {
-        h.view.drawPlay(h.game);
-        firstAidCall = h.canvas.calls.size();
-        drawNavAids(h.view, aids);
-    }
-    std::vector<const RC::Call*> calls(bool ofAids) const {
-        std::vector<const RC::Call*> out;
-        for (std::size_t i = ofAids ? firstAidCall : 0;
-             i < (ofAids ? h.canvas.calls.size() : firstAidCall); ++i)
-            out.push_back(&h.canvas.calls[i]);
-        return out;
-    }
-    // The display writes none of the aids' texts.
-    bool hasAidText(const std::string& text, bool prefix = false) const {
-        return h.canvas.findText(text, prefix) != nullptr;
-    }
-};
-
-Box boxOf(const RC::Call& c) {
-    if (c.op == RC::Op::FillRect)
-        return {c.rect.x, c.rect.y, c.rect.x + c.rect.width, c.rect.y + c.rect.height};
-    // A text's box without the leading between lines: rows 12 points apart in 12-point type,
-    // as the display writes them, touch but do not overlap.
-    const Size s = RC::textSize(c.text, c.style.size);
-    return {c.at.x, c.at.y, c.at.x + s.width, c.at.y + c.style.size};
-}
 
 // A craft with its motion and heading, a path from it, and a satellite to reach.
 NavAids craftAt(const AidsFrame& f, double x, double y) {
@@ -81,92 +37,115 @@ NavAids craftAt(const AidsFrame& f, double x, double y) {
     return a;
 }
 
+// A busy scene: the craft as craftAt sets it up at a place of the view, more set up, and the
+// labels that must all be shown.
+struct BusyScene {
+    const char* name;
+    double x, y; // the craft, view points
+    std::function<void(AidsFrame&)> more;
+    std::vector<std::string> labels;
+};
+
+void expectClearInBusyScene(const BusyScene& test, Size size) {
+    SCOPED_TRACE(testing::Message() << test.name << " at " << size.width << "x" << size.height);
+    const double w = static_cast<double>(size.width), h = static_cast<double>(size.height);
+    AidsFrame f(size);
+    f.aids = craftAt(f, test.x, test.y);
+    if (test.more)
+        test.more(f);
+    f.draw();
+    std::vector<Box> held; // the display's texts and bars, not its background
+    for (const RC::Call* c : f.calls(false)) {
+        if (c->op == RC::Op::DrawText ||
+            (c->op == RC::Op::FillRect && static_cast<double>(c->rect.width) < w))
+            held.push_back(boxOf(*c));
+    }
+    const ViewPoint craft = nav::place(f.h.view, f.aids.craft);
+    const Box craftBox = nav::boxAround(craft, 10);
+    const Box scaleBar{40, 10, w - 40, 20};
+    // Each text of the aids on a dark plate, and the plates, which hold the texts, clear of
+    // one another and of everything else.
+    std::vector<Box> plates;
+    for (const RC::Call* c : f.calls(true)) {
+        if (c->op == RC::Op::DrawText) {
+            const Box b = boxOf(*c);
+            const Box p = plates.empty() ? Box{} : plates.back();
+            EXPECT_TRUE(p.left <= b.left && p.right >= b.right && p.bottom <= b.bottom &&
+                        p.top >= b.top)
+                << c->text << " without a plate";
+            continue;
+        }
+        if (c->op == RC::Op::FillRect && c->color == nav::kPlateColor) {
+            const Box b = boxOf(*c);
+            EXPECT_FALSE(b.overlaps(craftBox));
+            EXPECT_FALSE(b.overlaps(scaleBar));
+            EXPECT_TRUE(b.left >= 0 && b.bottom >= 0 && b.right <= w && b.top <= h);
+            for (const Box& other : held)
+                EXPECT_FALSE(b.overlaps(other)) << "a plate on the display's read-outs";
+            for (const Box& other : plates)
+                EXPECT_FALSE(b.overlaps(other)) << "plates overlap";
+            plates.push_back(b);
+            continue;
+        }
+        if (c->color == nav::kPathColor || c->color == nav::kNoseColor)
+            continue;
+        for (const Path::Element& e : c->path.elements) {
+            const double x = static_cast<double>(e.rect.x + e.rect.width / 2);
+            const double y = static_cast<double>(e.rect.y + e.rect.height / 2);
+            EXPECT_GT(std::hypot(x - craft.x, y - craft.y), 8.0) << "a mark on the craft";
+        }
+    }
+    for (const std::string& label : test.labels)
+        EXPECT_TRUE(f.hasAidText(label)) << label;
+    EXPECT_TRUE(f.hasAidText("Closest to Satellite: ", true));
+}
+
 // In busy scenes every label stands clear of the others, of the display's read-outs, of the
 // notices over the view and of the craft, and none of the marks' labels is left out; no mark
 // but the path and the heading comes near the craft.
 TEST(NavAidsDrawing, LabelsStandClearInBusyScenes) {
-    struct Case {
-        const char* name;
-        double x, y; // the craft, view points
-        std::function<void(AidsFrame&)> more;
-        std::vector<std::string> labels;
-    };
-    const Case cases[] = {
-        {"under the left column",
-         60,
-         kH - 110,
-         nullptr,
-         {"High", "Low", "Closest", "path ends", "Sun", "Satellite then"}},
-        {"under the right column", kW - 70, kH - 105, nullptr, {"High", "Low", "Closest", "Sun"}},
-        {"on the scale bar", 300, 40, nullptr, {"High", "Low", "Closest", "Sun"}},
-        {"approach on the craft",
-         640,
-         400,
-         [](AidsFrame& f) {
-             f.aids.approach.at = f.at(642, 401);
-             f.aids.approach.bodyThen = f.at(641, 403);
-             f.aids.target = f.at(641, 402);
-             f.aids.low.at = f.at(644, 398);
-         },
-         {"High", "path ends", "Sun"}},
-        {"crowded and paused",
-         640,
-         470,
-         [](AidsFrame& f) {
-             f.h.game.running = false;
-             f.aids.impact = {true, f.at(655, 470), 0, 800, "Earth"};
-             f.aids.target = f.at(-300, 900);
-             f.aids.phase = {true, f.at(600, 430), f.at(640, 470), f.at(560, 470),
-                             1.5,  "The Moon",     "You",          "Earth"};
-         },
-         {"High", "Low", "Closest", "Impact", "path ends", "Sun", "86\u00b0"}},
-    };
-    for (const Case& test : cases) {
-        SCOPED_TRACE(test.name);
-        AidsFrame f;
-        f.aids = craftAt(f, test.x, test.y);
-        if (test.more)
-            test.more(f);
-        f.draw();
-        std::vector<const RC::Call*> held;
-        for (const RC::Call* c : f.calls(false)) {
-            if (c->op == RC::Op::DrawText || c->op == RC::Op::FillRect)
-                held.push_back(c);
-        }
-        const ViewPoint craft = nav::place(f.h.view, f.aids.craft);
-        const Box craftBox = nav::boxAround(craft, 10);
-        const Box scaleBar{40, 10, kW - 40, 20};
-        std::vector<const RC::Call*> texts;
-        for (const RC::Call* c : f.calls(true)) {
-            if (c->op == RC::Op::DrawText) {
-                const Box b = boxOf(*c);
-                EXPECT_FALSE(b.overlaps(craftBox)) << c->text;
-                EXPECT_FALSE(b.overlaps(scaleBar)) << c->text;
-                EXPECT_TRUE(b.left >= 0 && b.bottom >= 0 && b.right <= kW && b.top <= kH)
-                    << c->text;
-                for (const RC::Call* other : held) {
-                    const bool isBackground = other->op == RC::Op::FillRect &&
-                                              static_cast<double>(other->rect.width) >= kW &&
-                                              static_cast<double>(other->rect.height) >= kH;
-                    EXPECT_TRUE(isBackground || !b.overlaps(boxOf(*other)))
-                        << c->text << " on " << other->text;
-                }
-                for (const RC::Call* other : texts)
-                    EXPECT_FALSE(b.overlaps(boxOf(*other))) << c->text << " on " << other->text;
-                texts.push_back(c);
-                continue;
-            }
-            if (c->color == nav::kPathColor || c->color == nav::kNoseColor)
-                continue;
-            for (const Path::Element& e : c->path.elements) {
-                const double x = static_cast<double>(e.rect.x + e.rect.width / 2);
-                const double y = static_cast<double>(e.rect.y + e.rect.height / 2);
-                EXPECT_GT(std::hypot(x - craft.x, y - craft.y), 8.0) << "a mark on the craft";
-            }
-        }
-        for (const std::string& label : test.labels)
-            EXPECT_TRUE(f.hasAidText(label)) << label;
-        EXPECT_TRUE(f.hasAidText("Closest to Satellite: ", true));
+    // At two sizes of the view: marks near its edges, its middle and the notice of a pause there.
+    for (const Size size : {Size{1280.0f, 800.0f}, Size{1920.0f, 1080.0f}}) {
+        const double w = static_cast<double>(size.width), h = static_cast<double>(size.height);
+        const double cx = w / 2, cy = h / 2;
+        const BusyScene cases[] = {
+            {"under the left column",
+             60,
+             h - 110,
+             nullptr,
+             {"High", "Low", "Closest", "path ends", "Sun", "Satellite then"}},
+            {"under the right column", w - 70, h - 105, nullptr, {"High", "Low", "Closest", "Sun"}},
+            {"on the scale bar", 300, 40, nullptr, {"High", "Low", "Closest", "Sun"}},
+            {"approach on the craft",
+             cx,
+             cy,
+             [=](AidsFrame& f) {
+                 f.aids.approach.at = f.at(cx + 2, cy + 1);
+                 f.aids.approach.bodyThen = f.at(cx + 1, cy + 3);
+                 f.aids.target = f.at(cx + 1, cy + 2);
+                 f.aids.low.at = f.at(cx + 4, cy - 2);
+             },
+             {"High", "path ends", "Sun"}},
+            {"crowded and paused",
+             cx,
+             cy + 70,
+             [=](AidsFrame& f) {
+                 f.h.game.running = false;
+                 f.aids.impact = {true, f.at(cx + 15, cy + 70), 0, 800, "Earth"};
+                 f.aids.target = f.at(-300, h + 100);
+                 f.aids.phase = {true,
+                                 f.at(cx - 40, cy + 30),
+                                 f.at(cx, cy + 70),
+                                 f.at(cx - 80, cy + 70),
+                                 1.5,
+                                 "The Moon",
+                                 "You",
+                                 "Earth"};
+             },
+             {"High", "Low", "Closest", "Impact", "path ends", "Sun", "86\u00b0"}},
+        };
+        for (const BusyScene& test : cases)
+            expectClearInBusyScene(test, size);
     }
 }
 
@@ -236,59 +215,6 @@ TEST(NavAidsDrawing, ArrowAtTheEdgeTowardsATargetOutOfSight) {
                            kTwoPi),
             0, 1e-3);
         EXPECT_TRUE(f.hasAidText("Mars " + formatDist(7.5e10)));
-    }
-}
-
-// The notes say in words what a number would get wrong, and what they cannot know yet.
-TEST(NavAidsDrawing, NotesInPlainWords) {
-    struct Case {
-        std::function<void(NavAids&)> set;
-        std::string line;
-        std::string absent;
-    };
-    const Case cases[] = {
-        {[](NavAids& a) { a.low.value = -113479.7; }, "Low: below the surface of Earth", "Low"},
-        {[](NavAids& a) {
-             a.low.value = -5;
-             a.orbitBody = "The Moon";
-         },
-         "Low (The Moon): below the surface of the Moon", "Low"},
-        {[](NavAids& a) { a.low.value = 250; }, "Low: " + formatDist(250) + " in " + formatTime(90),
-         ""},
-        {[](NavAids& a) {
-             a.approach = {{true, {}, 0, 0, "Mars"}, {}, 0, true};
-         },
-         "Closest to Mars: beyond the path", "Closest"},
-        {[](NavAids& a) {
-             a.approach = {{true, {}, 1234, 600, "Satellite"}, {}, 7.5, false};
-         },
-         "Closest to Satellite: " + formatDist(1234) + " in " + formatTime(600) + " at 7.50m/s",
-         ""},
-        {[](NavAids& a) { a.phase = {true, {}, {}, {}, 2.0944, "The Moon", "You", "Earth"}; },
-         "The Moon ahead of you round Earth: 120\u00b0", ""},
-        {[](NavAids& a) { a.phase = {true, {}, {}, {}, 0.7854, "Mars", "Earth", "The Sun"}; },
-         "Mars ahead of Earth round the Sun: 45\u00b0", ""},
-        {[](NavAids& a) { a.pathTime = 2 * 86400; },
-         "Path cut short: it ends in " + formatTime(2 * 86400), ""},
-    };
-    for (const Case& test : cases) {
-        SCOPED_TRACE(test.line);
-        AidsFrame f;
-        f.aids.craft = f.at(300, 300);
-        f.aids.hasOrbit = true;
-        f.aids.low = {true, f.at(700, 300), 0, 90, ""};
-        f.aids.high = {true, f.at(100, 300), 1e6, 900, ""};
-        test.set(f.aids);
-        f.aids.isCutShort = f.aids.pathTime > 0;
-        if (f.aids.isCutShort)
-            f.aids.path = {f.at(300, 300), f.at(400, 320)};
-        f.draw();
-        EXPECT_TRUE(f.hasAidText(test.line));
-        if (!test.absent.empty()) {
-            EXPECT_FALSE(f.hasAidText(test.absent)) << "a mark for what is not there";
-        }
-        for (const RC::Call* c : f.calls(true))
-            EXPECT_EQ(c->text.find('-'), std::string::npos) << c->text;
     }
 }
 

@@ -216,6 +216,27 @@ std::vector<Scene> scenes() {
         c.drawView.viewCenter.y = c.game.player.pos.y;
     });
     add("19-aids-level4-approach", [](Controller& c) { flyWithAids(c, 4, 4, 10); });
+    add("19-aids-level4-over-bright-earth", [](Controller& c) {
+        flyWithAids(c, 4, 4, 10);
+        // Earth fills the view but for a corner, under the notes and the marks' labels.
+        const Position& p = c.game.player.pos;
+        const Position& e = c.game.earth.pos;
+        c.drawView.viewScale = 5.0e6;
+        c.drawView.viewCenter = Position(e.x + 0.75 * (p.x - e.x), e.y + 0.75 * (p.y - e.y), 0, 0);
+    });
+    add("19-aids-level2-escaping", [](Controller& c) {
+        fly(c, 2, 2, 3);
+        // Sped up along its way to a quarter over Earth's escape speed: past the low point at once.
+        Position& p = c.game.player.pos;
+        const Position& e = c.game.earth.pos;
+        const double escape = std::sqrt(2 * G * c.game.earth.mass / std::sqrt(sqDist(p, e)));
+        const double k = 1.25 * escape / velDiff(p, e);
+        p.vx = e.vx + k * (p.vx - e.vx);
+        p.vy = e.vy + k * (p.vy - e.vy);
+        c.toggleNavAids();
+        tick(c, 300);
+        c.drawView.viewScale = 6.0e7;
+    });
     add("19-aids-level3-goal-out-of-sight", [](Controller& c) {
         flyWithAids(c, 3, 3, 10);
         c.drawView.viewScale = 1.0e8;

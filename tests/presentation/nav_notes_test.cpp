@@ -1,0 +1,72 @@
+#include "presentation/format.h"
+#include "support/aids_frame.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace apsis {
+namespace {
+
+// The notes say in words what a number would get wrong, and what they cannot know yet.
+TEST(NavAidsDrawing, NotesInPlainWords) {
+    struct Case {
+        std::function<void(NavAids&)> set;
+        std::string line;
+        std::string absent;
+    };
+    const Case cases[] = {
+        {[](NavAids& a) { a.low.value = -113479.7; }, "Low: below the surface of Earth", "Low"},
+        {[](NavAids& a) {
+             a.low.value = -5;
+             a.orbitBody = "The Moon";
+         },
+         "Low (The Moon): below the surface of the Moon", "Low"},
+        {[](NavAids& a) { a.low.value = 250; }, "Low: " + formatDist(250) + " in " + formatTime(90),
+         ""},
+        {[](NavAids& a) {
+             a.approach = {{true, {}, 0, 0, "Mars"}, {}, 0, true};
+         },
+         "Closest to Mars: beyond the path", "Closest"},
+        {[](NavAids& a) {
+             a.approach = {{true, {}, 1234, 600, "Satellite"}, {}, 7.5, false};
+         },
+         "Closest to Satellite: " + formatDist(1234) + " in " + formatTime(600) + " at 7.50m/s",
+         ""},
+        {[](NavAids& a) { a.phase = {true, {}, {}, {}, 2.0944, "The Moon", "You", "Earth"}; },
+         "The Moon ahead of you round Earth: 120\u00b0", ""},
+        {[](NavAids& a) { a.phase = {true, {}, {}, {}, 0.7854, "Mars", "Earth", "The Sun"}; },
+         "Mars ahead of Earth round the Sun: 45\u00b0", ""},
+        {[](NavAids& a) { // climbing away from a low point passed
+             a.isEscaping = true;
+             a.low.isShown = false;
+         },
+         "High: escape", "Low"},
+        {[](NavAids& a) { a.pathTime = 2 * 86400; },
+         "Path cut short: it ends in " + formatTime(2 * 86400), ""},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.line);
+        AidsFrame f;
+        f.aids.craft = f.at(300, 300);
+        f.aids.hasOrbit = true;
+        f.aids.low = {true, f.at(700, 300), 0, 90, ""};
+        f.aids.high = {true, f.at(100, 300), 1e6, 900, ""};
+        test.set(f.aids);
+        f.aids.isCutShort = f.aids.pathTime > 0;
+        if (f.aids.isCutShort)
+            f.aids.path = {f.at(300, 300), f.at(400, 320)};
+        f.draw();
+        EXPECT_TRUE(f.hasAidText(test.line));
+        if (!test.absent.empty()) {
+            EXPECT_FALSE(f.hasAidText(test.absent)) << "a mark for what is not there";
+        }
+        for (const RC::Call* c : f.calls(true))
+            EXPECT_EQ(c->text.find('-'), std::string::npos) << c->text;
+        // A low point not ahead is not named, with no time or with an old one.
+        EXPECT_EQ(f.hasAidText("Low", true), f.aids.low.isShown);
+    }
+}
+
+} // namespace
+} // namespace apsis
