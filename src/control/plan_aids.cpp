@@ -51,6 +51,9 @@ void Controller::findPlanAids() {
     if (const Stellar* target = targetOf(after, levelAt(level), isPartialObjectiveDone)) {
         findApproach(then, after, *target, followedThen, places, reference);
         a.approach = then.approach;
+        // Its time from now, not from the burn's end.
+        if (a.approach.time >= 0)
+            a.approach.time += after.elapsedTime - game.elapsedTime;
     }
     if (found->impactBody >= 0) {
         a.impact.isShown = true;

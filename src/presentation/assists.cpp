@@ -5,6 +5,7 @@
 #include "presentation/format.h"
 #include "presentation/nav_parts.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -19,8 +20,15 @@ std::string speedText(double speed) {
     return formatVelDiff(Position(0, 0, speed, 0), Position());
 }
 
+// A planned high or low point: under the ground it is never reached, the craft hits the ground
+// first.
+std::string heightText(const NavMark& mark, const char* body) {
+    return mark.value < 0 ? "below the surface of " + inSentence(body) : formatDist(mark.value);
+}
+
 // The assists' lines, under the display's right column and in its rhythm of 12 points, clear of
-// the fuel gauge. They are noted as texts drawn, so the aids' labels keep off them.
+// the fuel gauge, each on its plate. They are noted as texts drawn, so the aids' labels keep off
+// them.
 void drawReadOuts(DrawView& view, Canvas& canvas, const AssistAids& a) {
     std::vector<std::string> lines;
     if (a.hold != nullptr)
@@ -34,15 +42,30 @@ void drawReadOuts(DrawView& view, Canvas& canvas, const AssistAids& a) {
             lines.push_back("Burn Starts In: " + formatTime(a.timeToStart));
         }
         lines.push_back("Fuel After Burn: " + formatTime(a.fuelAfter));
+        const char* body = *a.orbitBody != '\0' ? a.orbitBody : view.viewTarget.name;
+        if (body == nullptr)
+            body = "the body";
         if (a.hasOrbit)
             lines.push_back("Planned High: " +
-                            (a.isEscaping ? std::string("escape") : formatDist(a.high.value)) +
-                            (a.low.isShown ? " Low: " + formatDist(a.low.value) : ""));
+                            (a.isEscaping ? std::string("escape") : heightText(a.high, body)) +
+                            (a.low.isShown ? " Low: " + heightText(a.low, body) : ""));
+        const NavApproach& approach = a.approach;
+        if (approach.isShown)
+            lines.push_back(std::string("Planned Closest to ") + approach.name + ": " +
+                            (approach.isBeyondPath
+                                 ? std::string("beyond the path")
+                                 : formatDist(approach.value) + inHowLong(approach.time) + " at " +
+                                       speedText(approach.speed)));
+        if (a.impact.isShown)
+            lines.push_back(std::string("Planned Impact on ") + a.impact.name);
     }
     double y = view.viewHeight - 118;
     for (const std::string& line : lines) {
         const Size size = canvas.measureText(line, kAssistStyle);
         const double x = view.viewWidth - 30 - static_cast<double>(size.width);
+        canvas.fillRect(toRect(x - kPlatePad, y, static_cast<double>(size.width) + 2 * kPlatePad,
+                               std::max(12.0, static_cast<double>(size.height))),
+                        kPlateColor);
         canvas.drawText(line, toPoint(x, y), kAssistStyle);
         view.textsDrawn.push_back(toRect(x, y, size.width, size.height));
         y -= 12;

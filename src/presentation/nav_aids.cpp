@@ -34,20 +34,6 @@ struct Scene {
     bool isShown(ViewPoint p) const { return isInView(view, p) && !isOnCraft(p); }
 };
 
-std::string inHowLong(double time) {
-    return time >= 0 ? " in " + formatTime(time) : "";
-}
-
-// A name in the middle of a sentence: "The Moon" reads "the Moon", the craft "you".
-std::string inSentence(const char* name) {
-    std::string s = name;
-    if (s == "You")
-        return "you";
-    if (s.rfind("The ", 0) == 0)
-        s[0] = 't';
-    return s;
-}
-
 std::string speedText(double speed) {
     return formatVelDiff(Position(0, 0, speed, 0), Position());
 }
@@ -206,6 +192,23 @@ void drawPathEnd(Scene& s) {
 }
 
 } // namespace
+
+namespace nav {
+
+std::string inHowLong(double time) {
+    return time >= 0 ? " in " + formatTime(time) : "";
+}
+
+std::string inSentence(const char* name) {
+    std::string s = name;
+    if (s == "You")
+        return "you";
+    if (s.rfind("The ", 0) == 0)
+        s[0] = 't';
+    return s;
+}
+
+} // namespace nav
 
 void drawNavAids(const DrawView& view, const NavAids& aids, const AssistAids* assists) {
     Canvas* canvas = currentCanvas();

@@ -140,4 +140,9 @@ void drawPhase(Canvas& canvas, const DrawView& view, const NavAids& aids, LabelP
 void drawPlanParts(Canvas& canvas, const DrawView& view, const AssistAids& assists,
                    LabelPlacer& placer, std::vector<Label>& labels);
 
+// " in " and a time ahead; nothing for a time not known (below zero).
+std::string inHowLong(double time);
+// A name in the middle of a sentence: "The Moon" reads "the Moon", the craft "you".
+std::string inSentence(const char* name);
+
 } // namespace apsis::nav

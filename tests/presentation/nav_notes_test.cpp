@@ -1,3 +1,4 @@
+#include "presentation/assists.h"
 #include "presentation/format.h"
 #include "support/aids_frame.h"
 
@@ -66,6 +67,24 @@ TEST(NavAidsDrawing, NotesInPlainWords) {
         // A low point not ahead is not named, with no time or with an old one.
         EXPECT_EQ(f.hasAidText("Low", true), f.aids.low.isShown);
     }
+}
+
+// The plan's read-outs in plain words too: a planned low point under the ground is the impact it
+// is, and the planned path's closest approach to the target is given with its time and speed.
+TEST(NavAidsDrawing, PlanReadOutsInPlainWords) {
+    AidsFrame f;
+    AssistAids plan;
+    plan.hasPlan = true;
+    plan.hasOrbit = true;
+    plan.orbitBody = "The Moon";
+    plan.high = {true, f.at(100, 300), 1027e3, 600, ""};
+    plan.low = {true, f.at(700, 300), -571803.4, 900, ""};
+    plan.approach = {{true, f.at(500, 500), 1234, 3600, "Station"}, {}, 12.5, false};
+    drawAssists(f.h.view, plan, nullptr);
+    EXPECT_TRUE(f.hasAidText("Planned High: " + formatDist(1027e3) +
+                             " Low: below the surface of the Moon"));
+    EXPECT_TRUE(f.hasAidText("Planned Closest to Station: " + formatDist(1234) + " in " +
+                             formatTime(3600) + " at 12.50m/s"));
 }
 
 } // namespace
