@@ -255,6 +255,8 @@ void drawNavAids(const DrawView& view, const NavAids& aids, const AssistAids* as
     if (assists != nullptr)
         drawPlanParts(*canvas, view, *assists, s.placer, s.labels);
     drawTargetArrow(*canvas, view, aids, s.placer, s.labels);
+    if (!s.isCraftInView)
+        drawCraftArrow(*canvas, view, aids, s.placer, s.labels);
     if (s.isCraftInView) {
         drawMotion(*canvas, aids, craft, s.reach, s.placer);
         drawSun(*canvas, view, aids, craft, s.reach, s.placer, s.labels);

@@ -134,6 +134,8 @@ void drawSun(Canvas& canvas, const DrawView& view, const NavAids& aids, ViewPoin
              const CraftReach& reach, LabelPlacer& placer, std::vector<Label>& labels);
 void drawTargetArrow(Canvas& canvas, const DrawView& view, const NavAids& aids, LabelPlacer& placer,
                      std::vector<Label>& labels);
+void drawCraftArrow(Canvas& canvas, const DrawView& view, const NavAids& aids, LabelPlacer& placer,
+                    std::vector<Label>& labels);
 void drawPhase(Canvas& canvas, const DrawView& view, const NavAids& aids, LabelPlacer& placer,
                std::vector<Label>& labels);
 // The planned burn (presentation/assists.cpp).

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace apsis::nav {
 namespace {
@@ -120,18 +122,16 @@ void drawSun(Canvas& canvas, const DrawView& view, const NavAids& aids, ViewPoin
     labels.push_back({"Sun", mark, 8});
 }
 
-// An arrow at the edge of the view towards the target out of sight, on the line from the middle
-// of the view, moved in along that line where the display writes.
-void drawTargetArrow(Canvas& canvas, const DrawView& view, const NavAids& aids, LabelPlacer& placer,
-                     std::vector<Label>& labels) {
-    if (!aids.hasTarget)
-        return;
-    const ViewPoint target = place(view, aids.target);
-    if (isInView(view, target))
+namespace {
+
+// An arrow at the edge of the view, from its middle towards a place beyond it, and its name.
+void drawEdgeArrow(Canvas& canvas, const DrawView& view, ViewPoint at, const Color& color,
+                   std::string name, LabelPlacer& placer, std::vector<Label>& labels) {
+    if (isInView(view, at))
         return;
     const ViewPoint middle{view.viewWidth / 2, view.viewHeight / 2};
-    const double dx = target.x - middle.x;
-    const double dy = target.y - middle.y;
+    const double dx = at.x - middle.x;
+    const double dy = at.y - middle.y;
     const double length = std::hypot(dx, dy);
     if (!(length > 0) || !std::isfinite(length))
         return;
@@ -147,9 +147,28 @@ void drawTargetArrow(Canvas& canvas, const DrawView& view, const NavAids& aids, 
     const auto base = [&] { return along(tip, a + kPi, 7); };
     for (double back = 0; back < length * s - 20 && !placer.isFree(boxAround(base(), 9)); back += 4)
         tip = {middle.x + dx * (s - back / length), middle.y + dy * (s - back / length)};
-    drawArrowHead(canvas, tip, a, 14, 7, kTargetColor, true);
+    // On a dark casing, so that it shows on a light picture too.
+    drawArrowHead(canvas, along(tip, a, 1.5), a, 17, 9, kCasingColor, true);
+    drawArrowHead(canvas, tip, a, 14, 7, color, true);
     placer.hold(boxAround(base(), 9));
-    labels.push_back({std::string(aids.targetName) + " " + formatDist(aids.targetGap), base(), 9});
+    labels.push_back({std::move(name), base(), 9});
+}
+
+} // namespace
+
+// The level's target or goal body, out of sight: an arrow towards it, with its distance.
+void drawTargetArrow(Canvas& canvas, const DrawView& view, const NavAids& aids, LabelPlacer& placer,
+                     std::vector<Label>& labels) {
+    if (aids.hasTarget)
+        drawEdgeArrow(canvas, view, place(view, aids.target), kTargetColor,
+                      std::string(aids.targetName) + " " + formatDist(aids.targetGap), placer,
+                      labels);
+}
+
+// The craft itself, out of sight while the view follows a body: an arrow towards it.
+void drawCraftArrow(Canvas& canvas, const DrawView& view, const NavAids& aids, LabelPlacer& placer,
+                    std::vector<Label>& labels) {
+    drawEdgeArrow(canvas, view, place(view, aids.craft), kNoseColor, "You", placer, labels);
 }
 
 // The angle a briefing asks for, as an arc round its centre from the body behind to the one

@@ -186,35 +186,40 @@ TEST(NavAidsDrawing, NoseLineAndWhereItSettles) {
 }
 
 // A target out of sight gets an arrow at the edge of the view, the way it lies from the middle,
-// with its name and distance beside it; read-outs push it in along the same line.
+// with its name and distance beside it; read-outs push it in along the same line. So does the
+// craft itself, out of sight while the view follows a body.
 TEST(NavAidsDrawing, ArrowAtTheEdgeTowardsATargetOutOfSight) {
     const ViewPoint targets[] = {{-900, 400}, {-820, 1400}, {2000, -300}, {640, 5000}, {1500, 420}};
-    for (const ViewPoint& t : targets) {
-        SCOPED_TRACE(testing::Message() << t.x << "," << t.y);
-        AidsFrame f;
-        f.aids.craft = f.at(640, 400);
-        f.aids.hasTarget = true;
-        f.aids.target = f.at(t.x, t.y);
-        f.aids.targetName = "Mars";
-        f.aids.targetGap = 7.5e10;
-        f.draw();
-        const RC::Call* arrow = nullptr;
-        for (const RC::Call* c : f.calls(true)) {
-            if (c->op == RC::Op::FillPath && c->color == nav::kTargetColor)
-                arrow = c;
+    for (const bool isCraft : {false, true}) {
+        for (const ViewPoint& t : targets) {
+            SCOPED_TRACE(testing::Message()
+                         << (isCraft ? "craft " : "target ") << t.x << "," << t.y);
+            AidsFrame f;
+            f.aids.craft = isCraft ? f.at(t.x, t.y) : f.at(640, 400);
+            f.aids.hasTarget = !isCraft;
+            f.aids.target = f.at(t.x, t.y);
+            f.aids.targetName = "Mars";
+            f.aids.targetGap = 7.5e10;
+            f.draw();
+            const Color& color = isCraft ? nav::kNoseColor : nav::kTargetColor;
+            const RC::Call* arrow = nullptr;
+            for (const RC::Call* c : f.calls(true)) {
+                if (c->op == RC::Op::FillPath && c->color == color)
+                    arrow = c;
+            }
+            ASSERT_NE(arrow, nullptr);
+            const ViewPoint tip{arrow->path.elements.front().rect.x,
+                                arrow->path.elements.front().rect.y};
+            EXPECT_TRUE(tip.x > 0 && tip.x < kW && tip.y > 0 && tip.y < kH);
+            for (const RC::Call* c : f.calls(false)) {
+                EXPECT_FALSE(c->op == RC::Op::DrawText && boxOf(*c).contains(tip)) << c->text;
+            }
+            EXPECT_NEAR(std::remainder(std::atan2(tip.y - 400, tip.x - 640) -
+                                           std::atan2(t.y - 400, t.x - 640),
+                                       kTwoPi),
+                        0, 1e-3);
+            EXPECT_TRUE(f.hasAidText(isCraft ? "You" : "Mars " + formatDist(7.5e10)));
         }
-        ASSERT_NE(arrow, nullptr);
-        const ViewPoint tip{arrow->path.elements.front().rect.x,
-                            arrow->path.elements.front().rect.y};
-        EXPECT_TRUE(tip.x > 0 && tip.x < kW && tip.y > 0 && tip.y < kH);
-        for (const RC::Call* c : f.calls(false)) {
-            EXPECT_FALSE(c->op == RC::Op::DrawText && boxOf(*c).contains(tip)) << c->text;
-        }
-        EXPECT_NEAR(
-            std::remainder(std::atan2(tip.y - 400, tip.x - 640) - std::atan2(t.y - 400, t.x - 640),
-                           kTwoPi),
-            0, 1e-3);
-        EXPECT_TRUE(f.hasAidText("Mars " + formatDist(7.5e10)));
     }
 }
 

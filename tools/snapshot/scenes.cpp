@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <tuple>
 #include <utility>
 
 namespace apsis {
@@ -101,16 +102,13 @@ std::vector<Scene> scenes() {
     }
     add("05-about", [](Controller& c) { c.setMode(MODE_ABOUT); });
     add("06-instructions", [](Controller& c) { c.setMode(MODE_INSTRUCTIONS); });
-    add("07-setup-level1-easy", [](Controller& c) {
-        c.setMode(MODE_CHOICE);
-        c.level = 1;
-        c.game.difficulty = 1;
-    });
-    add("07-setup-level8-hard", [](Controller& c) {
-        c.setMode(MODE_CHOICE);
-        c.level = 8;
-        c.game.difficulty = 3;
-    });
+    for (const auto& [name, level, difficulty] :
+         {std::tuple{"07-setup-level1-easy", 1, 1}, std::tuple{"07-setup-level8-hard", 8, 3}})
+        add(name, [level, difficulty](Controller& c) {
+            c.setMode(MODE_CHOICE);
+            c.level = level;
+            c.game.difficulty = difficulty;
+        });
     add("08-briefing-practice", [](Controller& c) { startSeeded(c, 0, 1); });
     add("08-briefing-level1", [](Controller& c) { startSeeded(c, 1, 1); });
     add("08-briefing-level7", [](Controller& c) { startSeeded(c, 7, 1); });
@@ -237,17 +235,18 @@ std::vector<Scene> scenes() {
         tick(c, 300);
         c.drawView.viewScale = 6.0e7;
     });
-    add("19-aids-level3-goal-out-of-sight", [](Controller& c) {
-        flyWithAids(c, 3, 3, 10);
-        c.drawView.viewScale = 1.0e8;
-    });
-    // The angle each briefing asks for, seen wide enough to hold its bodies.
-    for (const std::pair<int, double>& phase : {std::pair{5, 2.0e8}, {6, 1.2e9}, {7, 8e11}}) {
-        add("19-aids-level" + std::to_string(phase.first) + "-phase", [phase](Controller& c) {
-            flyWithAids(c, phase.first, static_cast<unsigned>(phase.first), 10);
-            c.drawView.viewScale = phase.second;
+    // Out of sight, zoomed out the goal, zoomed in on Earth the craft in its low orbit; and the
+    // angle each briefing asks for, seen wide enough to hold its bodies.
+    using Wide = std::tuple<const char*, int, double>;
+    for (const auto& [name, level, scale] :
+         {Wide{"19-aids-level3-goal-out-of-sight", 3, 1.0e8},
+          Wide{"19-aids-level3-craft-out-of-sight", 3, 1.0e7},
+          Wide{"19-aids-level5-phase", 5, 2.0e8}, Wide{"19-aids-level6-phase", 6, 1.2e9},
+          Wide{"19-aids-level7-phase", 7, 8e11}})
+        add(name, [level, scale](Controller& c) {
+            flyWithAids(c, level, static_cast<unsigned>(level), 10);
+            c.drawView.viewScale = scale;
         });
-    }
     add("19-aids-crowding-the-read-outs", [](Controller& c) {
         fly(c, 2, 2, 3);
         const Position& p = c.game.player.pos;
