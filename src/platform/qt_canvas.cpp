@@ -50,13 +50,26 @@ struct Outline {
     bool closed = false;
 };
 
+// A view rectangle (y upwards) on a surface of the given size as a painter rectangle (y
+// downwards).
+QRectF flipped(const Rect& r, Size size) {
+    const double height = static_cast<double>(r.height);
+    return QRectF(static_cast<double>(r.x),
+                  static_cast<double>(size.height) - static_cast<double>(r.y) - height,
+                  static_cast<double>(r.width), height)
+        .normalized();
+}
+
+// The surface of the given size widened on every side by the window's margin.
+QRectF windowOf(Size size) {
+    return {-kWindowMargin, -kWindowMargin, static_cast<double>(size.width) + 2.0 * kWindowMargin,
+            static_cast<double>(size.height) + 2.0 * kWindowMargin};
+}
+
 } // namespace
 
 QtCanvas::QtCanvas(QPainter& painter, Size size)
-    : painter_(painter), size_(size),
-      window_(-kWindowMargin, -kWindowMargin, static_cast<double>(size.width) + 2.0 * kWindowMargin,
-              static_cast<double>(size.height) + 2.0 * kWindowMargin),
-      faces_(painter.device()) {
+    : painter_(painter), size_(size), window_(windowOf(size)), faces_(painter.device()) {
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.setRenderHint(QPainter::TextAntialiasing);
     painter_.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -69,11 +82,7 @@ QtCanvas::QtCanvas(QPainter& painter)
                              static_cast<float>(surfaceOf(painter).height())}) {}
 
 QRectF QtCanvas::toQt(const Rect& r) const {
-    const double height = static_cast<double>(r.height);
-    return QRectF(static_cast<double>(r.x),
-                  static_cast<double>(size_.height) - static_cast<double>(r.y) - height,
-                  static_cast<double>(r.width), height)
-        .normalized();
+    return flipped(r, size_);
 }
 
 bool QtCanvas::onSurface(const QRectF& r, double margin) const {
@@ -192,29 +201,25 @@ void QtCanvas::drawPath(const Path& path, const Color& c, bool fill) {
         painter_.strokePath(qtPath, outlinePen(toQColor(c)));
 }
 
-void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
-                           double opacity) {
-    const auto* qtPicture = dynamic_cast<const QtPicture*>(picture);
-    if (qtPicture == nullptr)
-        return;
-    opacity = unitInterval(opacity);
-    if (!(opacity > 0.0) || !finite(source) || !finite(dest))
-        return;
-    if (!(source.width > 0.0f) || !(source.height > 0.0f) || !(dest.width > 0.0f) ||
-        !(dest.height > 0.0f))
-        return;
+bool QtCanvas::placePicture(const Picture& picture, const Rect& source, const Rect& dest, Size size,
+                            QRectF& from, QRectF& to) {
+    if (!finite(source) || !finite(dest) || !(source.width > 0.0f) || !(source.height > 0.0f) ||
+        !(dest.width > 0.0f) || !(dest.height > 0.0f))
+        return false;
     // The picture's own rectangles count from its bottom-left corner too.
-    QRectF from(static_cast<double>(source.x),
-                static_cast<double>(picture->height()) - static_cast<double>(source.y) -
-                    static_cast<double>(source.height),
-                static_cast<double>(source.width), static_cast<double>(source.height));
-    QRectF to = toQt(dest);
-    if (!onSurface(to, 1.0))
-        return;
+    from = QRectF(static_cast<double>(source.x),
+                  static_cast<double>(picture.height()) - static_cast<double>(source.y) -
+                      static_cast<double>(source.height),
+                  static_cast<double>(source.width), static_cast<double>(source.height));
+    to = flipped(dest, size);
+    if (!(to.right() >= -1.0 && to.left() <= static_cast<double>(size.width) + 1.0 &&
+          to.bottom() >= -1.0 && to.top() <= static_cast<double>(size.height) + 1.0))
+        return false;
+    const QRectF window = windowOf(size);
     // A picture scaled to millions of points is cut to the window, and its source with it in
     // proportion, so that Qt scales only what can be seen.
-    if (!window_.contains(to)) {
-        const QRectF visible = to.intersected(window_);
+    if (!window.contains(to)) {
+        const QRectF visible = to.intersected(window);
         const double sx = from.width() / to.width();
         const double sy = from.height() / to.height();
         from = QRectF(from.left() + (visible.left() - to.left()) * sx,
@@ -222,6 +227,39 @@ void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rec
                       visible.height() * sy);
         to = visible;
     }
+    return true;
+}
+
+std::optional<MagnifiedSampling> QtCanvas::magnifiedSampling(const Picture* picture,
+                                                             const Rect& source, const Rect& dest,
+                                                             Size size, const QTransform& device) {
+    const auto* qtPicture = dynamic_cast<const QtPicture*>(picture);
+    QRectF from;
+    QRectF to;
+    if (qtPicture == nullptr || !placePicture(*qtPicture, source, dest, size, from, to))
+        return std::nullopt;
+    // As drawPicture finds the pixels and draws them.
+    const QRectF pixelsTo = device.mapRect(to);
+    const double density =
+        std::max(pixelsTo.width() / from.width(), pixelsTo.height() / from.height());
+    const QtPicture::Pixels pixels = qtPicture->pixels(from, density);
+    // Whole pixels of a picture may be drawn from a copy scaled before.
+    if (pixels.image.isNull() || QRectF(pixels.from.toRect()) == pixels.from)
+        return std::nullopt;
+    return samplingOf(
+        device, to, pixels.image, pixels.from,
+        QRectF(0.0, 0.0, static_cast<double>(size.width), static_cast<double>(size.height)));
+}
+
+void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
+                           double opacity) {
+    const auto* qtPicture = dynamic_cast<const QtPicture*>(picture);
+    opacity = unitInterval(opacity);
+    QRectF from;
+    QRectF to;
+    if (qtPicture == nullptr || !(opacity > 0.0) ||
+        !placePicture(*qtPicture, source, dest, size_, from, to))
+        return;
     // The pixels of the picture at the size it is drawn, in the surface's own pixels: asked for
     // even where this redraw leaves the picture as it is, since it is still on screen and kept.
     const QRectF device = painter_.deviceTransform().mapRect(to);

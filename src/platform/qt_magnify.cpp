@@ -157,6 +157,59 @@ QImage* writableSurface(QPainter& painter) {
                : nullptr;
 }
 
+// The target of a magnified draw (device pixels) and the surface's pixels whose centres lie in
+// it, as far as the surface reaches; false when the painter does more than scale and shift, or
+// the picture is not magnified enough to be drawn this way.
+bool placed(const QTransform& device, const QRectF& to, const QRectF& from, const QRectF& surface,
+            QRectF& target, QRect& area) {
+    if (device.type() > QTransform::TxScale || !(device.m11() > 0.0) || !(device.m22() > 0.0))
+        return false;
+    target = device.mapRect(to);
+    if (target.width() < from.width() * kLeastMagnification ||
+        target.height() < from.height() * kLeastMagnification)
+        return false;
+    const QPoint topLeft(qRound(target.left()), qRound(target.top()));
+    const QPoint end(qRound(target.right()), qRound(target.bottom()));
+    area = QRect(topLeft, QSize(end.x() - topLeft.x(), end.y() - topLeft.y()))
+               .intersected(device.mapRect(surface).toAlignedRect());
+    return true;
+}
+
+// One pixel's sample of the picture along an axis, packed: first, second and weight.
+std::vector<std::uint64_t> packed(const Samples& s) {
+    std::vector<std::uint64_t> samples(s.first.size());
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        samples[i] = static_cast<std::uint64_t>(s.first[i]) << 36 |
+                     static_cast<std::uint64_t>(s.second[i]) << 12 | s.weight[i];
+    return samples;
+}
+
+// Calls add(start, end) for each run of indices from .. to (inclusive) where a (whose first
+// index is aStart) and b (from bStart) differ; false, having called it for none, when there are
+// more than most runs.
+template <typename Add>
+bool differingRuns(const std::vector<std::uint64_t>& a, int aStart,
+                   const std::vector<std::uint64_t>& b, int bStart, int from, int to, int most,
+                   Add add) {
+    std::vector<std::pair<int, int>> runs;
+    int start = -1;
+    for (int i = from; i <= to + 1; ++i) {
+        const bool differs = i <= to && a[static_cast<std::size_t>(i - aStart)] !=
+                                            b[static_cast<std::size_t>(i - bStart)];
+        if (differs && start < 0) {
+            start = i;
+        } else if (!differs && start >= 0) {
+            if (static_cast<int>(runs.size()) == most)
+                return false;
+            runs.emplace_back(start, i);
+            start = -1;
+        }
+    }
+    for (const auto& [first, end] : runs)
+        add(first, end);
+    return true;
+}
+
 } // namespace
 
 QImage magnified(const QImage& image, const QRectF& from, const QRectF& target, const QRect& area) {
@@ -168,21 +221,66 @@ QImage magnified(const QImage& image, const QRectF& from, const QRectF& target, 
     return result;
 }
 
+std::optional<MagnifiedSampling> samplingOf(const QTransform& device, const QRectF& to,
+                                            const QImage& image, const QRectF& from,
+                                            const QRectF& surface) {
+    QRectF target;
+    QRect area;
+    if (!placed(device, to, from, surface, target, area))
+        return std::nullopt;
+    const QRect readable = from.toAlignedRect().intersected(image.rect());
+    if (area.isEmpty() || readable.isEmpty())
+        return std::nullopt;
+    MagnifiedSampling s;
+    s.image = image.cacheKey();
+    s.readable = readable;
+    s.area = area;
+    // As linesOf samples them.
+    s.across =
+        packed(samplesOf(area.left(), area.width(), target.left(), target.width(),
+                         from.left() - readable.left(), from.width(), 0, readable.width() - 1));
+    s.down =
+        packed(samplesOf(area.top(), area.height(), target.top(), target.height(),
+                         from.top() - readable.top(), from.height(), 0, readable.height() - 1));
+    return s;
+}
+
+QRegion changedPixels(const MagnifiedSampling& before, const MagnifiedSampling& now) {
+    QRegion changed = QRegion(before.area).united(now.area);
+    const QRect both = before.area.intersected(now.area);
+    if (before.image != now.image || before.readable != now.readable || both.isEmpty())
+        return changed;
+    changed -= both;
+    // Where both draw, the columns and the lines sampled differently; many runs of them, a
+    // picture moved or scaled, and the whole of it changes.
+    constexpr int kMostRuns = 16;
+    std::vector<QRect> strips;
+    const bool few =
+        differingRuns(before.across, before.area.left(), now.across, now.area.left(), both.left(),
+                      both.right(), kMostRuns,
+                      [&](int left, int end) {
+                          strips.emplace_back(left, both.top(), end - left, both.height());
+                      }) &&
+        differingRuns(before.down, before.area.top(), now.down, now.area.top(), both.top(),
+                      both.bottom(), kMostRuns, [&](int top, int end) {
+                          strips.emplace_back(both.left(), top, both.width(), end - top);
+                      });
+    if (!few)
+        return changed += both;
+    for (const QRect& strip : strips)
+        changed += strip;
+    return changed;
+}
+
 bool drawMagnified(QPainter& painter, const QRectF& to, const QImage& image, const QRectF& from,
                    const QRectF& surface) {
     const QTransform device = painter.deviceTransform();
-    if (device.type() > QTransform::TxScale || !(device.m11() > 0.0) || !(device.m22() > 0.0))
-        return false;
-    const QRectF target = device.mapRect(to);
-    if (target.width() < from.width() * kLeastMagnification ||
-        target.height() < from.height() * kLeastMagnification)
+    QRectF target;
+    QRect area;
+    if (!placed(device, to, from, surface, target, area))
         return false;
     // The surface's pixels whose centres lie in the target, as far as the surface and the clip
     // reach.
-    const QPoint topLeft(qRound(target.left()), qRound(target.top()));
-    const QPoint end(qRound(target.right()), qRound(target.bottom()));
-    QRect area(topLeft, QSize(end.x() - topLeft.x(), end.y() - topLeft.y()));
-    area = area.intersected(device.mapRect(surface).toAlignedRect());
     if (painter.hasClipping())
         area = area.intersected(
             device.mapRect(painter.clipBoundingRect()).toAlignedRect().adjusted(-1, -1, 1, 1));

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <optional>
 #include <random>
 
 #include <QImage>
@@ -114,6 +115,52 @@ TEST(Magnify, DrawsOnlyWithinTheClipAndLeavesSlightMagnificationToQt) {
                                QRectF(0, 0, 160, 120)));
     painter.rotate(10);
     EXPECT_FALSE(drawMagnified(painter, to, picture, from, QRectF(0, 0, 160, 120)));
+}
+
+// Drawn again a little moved, a magnified picture writes other pixels only in the columns and
+// lines it samples differently, and those are few; drawn from other pixels, all of it changes.
+TEST(Magnify, ChangesOnlyWhereItsSamplesDo) {
+    const QImage picture = noise(false);
+    const QSize size(160, 120);
+    const QRectF surface{QPointF(), QSizeF(size)};
+    const QRectF from(20.1, 10.3, 0.4, 0.3);
+    QRectF to(-40, -30, 240, 180);
+    std::optional<MagnifiedSampling> before = samplingOf({}, to, picture, from, surface);
+    ASSERT_TRUE(before);
+    EXPECT_TRUE(changedPixels(*before, *before).isEmpty());
+    QImage was = drawn(size, picture, from, to, true);
+    long changedArea = 0;
+    int changedSteps = 0;
+    for (int step = 0; step < 40; ++step) {
+        to.translate(0.004, 0.003);
+        const std::optional<MagnifiedSampling> now = samplingOf({}, to, picture, from, surface);
+        ASSERT_TRUE(now);
+        const QImage is = drawn(size, picture, from, to, true);
+        const QRegion changed = changedPixels(*before, *now);
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x) {
+                if (was.pixel(x, y) != is.pixel(x, y)) {
+                    ASSERT_TRUE(changed.contains(QPoint(x, y))) << step << " " << x << "," << y;
+                }
+            }
+        }
+        for (const QRect& r : changed)
+            changedArea += r.width() * r.height();
+        changedSteps += changed.isEmpty() ? 0 : 1;
+        before = now;
+        was = is;
+    }
+    EXPECT_GT(changedSteps, 0);
+    EXPECT_LT(changedArea, 40L * size.width() * size.height() / 10);
+
+    // Another frame of a sheet, another picture: the whole of both draws.
+    const std::optional<MagnifiedSampling> other =
+        samplingOf({}, to, picture, from.translated(4, 0), surface);
+    ASSERT_TRUE(other);
+    EXPECT_EQ(changedPixels(*before, *other), QRegion(before->area));
+    EXPECT_EQ(changedPixels(*before, *samplingOf({}, to, picture.copy(), from, surface)),
+              QRegion(before->area));
+    EXPECT_FALSE(samplingOf({}, QRectF(0, 0, 150, 120), picture, QRectF(0, 0, 80, 40), surface));
 }
 
 } // namespace
