@@ -279,18 +279,25 @@ bool drawMagnified(QPainter& painter, const QRectF& to, const QImage& image, con
     QRect area;
     if (!placed(device, to, from, surface, target, area))
         return false;
-    // The surface's pixels whose centres lie in the target, as far as the surface and the clip
-    // reach.
+    // The surface's pixels whose centres lie in the target, as far as the surface and the clips
+    // reach: the painter's own, and the system's, which a widget's paint is held within (device
+    // pixels), and which the painter does not report as its own.
+    const QRegion system =
+        painter.paintEngine() != nullptr ? painter.paintEngine()->systemClip() : QRegion();
+    if (!system.isEmpty())
+        area = area.intersected(system.boundingRect());
     if (painter.hasClipping())
         area = area.intersected(
             device.mapRect(painter.clipBoundingRect()).toAlignedRect().adjusted(-1, -1, 1, 1));
     Lines lines;
     if (area.isEmpty() || !linesOf(lines, image, from, target, area))
         return true;
-    // Written straight into the surface where the painter's clip lets it, when it can be: a
-    // copy of the view's size less to make and to copy again.
+    // Written straight into the surface where the clips let it, when it can be: a copy of the
+    // view's size less to make and to copy again.
     if (QImage* pixels = writableSurface(painter)) {
         QRegion region(area.intersected(pixels->rect()));
+        if (!system.isEmpty())
+            region &= system;
         if (painter.hasClipping())
             region &= device.map(painter.clipRegion());
         for (const QRect& part : region)

@@ -8,6 +8,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QWidget>
 
 namespace apsis {
 namespace {
@@ -43,6 +44,25 @@ QImage drawn(QSize size, const QImage& picture, const QRectF& from, const QRectF
         EXPECT_TRUE(drawMagnified(painter, to, picture, from, QRectF(QPointF(), QSizeF(size))));
     return surface;
 }
+
+// A widget that draws the part from of a picture magnified over the whole of itself.
+class MagnifyingWidget : public QWidget {
+  public:
+    MagnifyingWidget(const QImage& picture, const QRectF& from) : picture_(picture), from_(from) {
+        resize(160, 120);
+        setAttribute(Qt::WA_OpaquePaintEvent);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        EXPECT_TRUE(drawMagnified(painter, rect(), picture_, from_, rect()));
+    }
+
+  private:
+    QImage picture_;
+    QRectF from_;
+};
 
 // The mean and largest difference of two surfaces, levels of a channel.
 struct Difference {
@@ -108,6 +128,14 @@ TEST(Magnify, DrawsOnlyWithinTheClipAndLeavesSlightMagnificationToQt) {
                 << x << y;
         }
     }
+
+    // A widget's paint is held to the region being repainted by a clip the painter does not
+    // report as its own; outside it, what the surface holds stays as it is.
+    MagnifyingWidget widget(picture, from);
+    QImage held(160, 120, QImage::Format_RGB32);
+    held.fill(QColor(40, 90, 160));
+    widget.render(&held, QPoint(40, 30), QRegion(40, 30, 50, 20), QWidget::RenderFlags());
+    EXPECT_TRUE(held == clipped);
 
     QImage surface(160, 120, QImage::Format_RGB32);
     QPainter painter(&surface);
