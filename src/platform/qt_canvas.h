@@ -49,6 +49,12 @@ class QtCanvas final : public Canvas {
                                                               Size size, const QTransform& device);
 
   private:
+    // A view rectangle (y upwards) on a surface of the given size as a painter rectangle (y
+    // downwards).
+    static QRectF flipped(const Rect& r, Size size);
+    // The surface of the given size widened on every side by a margin: geometry reaching beyond
+    // it is cut to it.
+    static QRectF windowOf(Size size);
     // The part of a picture drawn, in its pixels (y downwards), and where, in painter units on a
     // surface of the given size, cut to the window when it reaches far beyond; false when it
     // draws nothing there.
