@@ -88,6 +88,29 @@ void BM_MagnifiedPlanetFrame(benchmark::State& state) {
 }
 BENCHMARK(BM_MagnifiedPlanetFrame)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
+// A tick of level 1 as the window lives it after zoom in is held for two and a half seconds, when
+// Earth fills the view: the controller's step, the pass that notes what the frame draws, and the
+// paint of only the region that changed. Earth's picture, drawn again sampled alike, is not.
+void BM_MagnifiedPlanetTick(benchmark::State& state) {
+    apsis::bench::useGameResources();
+    auto c = std::make_unique<Controller>();
+    fly(*c, 1, 60);
+    c->keyDown(apsis::kKeyW);
+    for (int i = 0; i < 75; ++i)
+        c->doFrame();
+    c->keyUp(apsis::kKeyW);
+    QImage buffer(1280, 800, QImage::Format_RGB32);
+    apsis::bench::drawPicturesDecoded(buffer, *c);
+    std::vector<apsis::DamageCanvas::Mark> before;
+    apsis::bench::redrawAsTheWindow(buffer, *c, before, true);
+    for (auto _ : state) {
+        c->doFrame();
+        apsis::bench::redrawAsTheWindow(buffer, *c, before, false);
+        benchmark::DoNotOptimize(buffer.constBits());
+    }
+}
+BENCHMARK(BM_MagnifiedPlanetTick)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+
 // Level 7 while the player holds the zoom keys: in for 20 frames, out for 20, so that every frame
 // scales the station and the craft to a size not drawn just before.
 void BM_ZoomingFrame(benchmark::State& state) {

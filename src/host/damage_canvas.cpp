@@ -1,5 +1,6 @@
 #include "host/damage_canvas.h"
 
+#include "platform/qt_canvas.h"
 #include "platform/qt_convert.h"
 
 #include <algorithm>
@@ -49,17 +50,22 @@ class Signature {
     std::uint64_t hash_ = 14695981039346656037ull;
 };
 
-enum Kind { kFillRect, kStroke, kFill, kPicture, kText, kTextInRect };
+enum Kind { kFillRect, kStroke, kFill, kPicture, kText, kTextInRect, kMagnified };
 
 } // namespace
 
-void DamageCanvas::add(std::uint64_t signature, const Rect& r, double margin) {
+DamageCanvas::DamageCanvas(const QPaintDevice* device, Size size) : size_(size), faces_(device) {
+    if (device != nullptr)
+        device_.scale(device->devicePixelRatioF(), device->devicePixelRatioF());
+}
+
+bool DamageCanvas::add(std::uint64_t signature, const Rect& r, double margin) {
     const double x = r.x;
     const double y = r.y;
     const double w = r.width;
     const double h = r.height;
     if (!std::isfinite(x) || !std::isfinite(y) || !std::isfinite(w) || !std::isfinite(h))
-        return;
+        return false;
     // A rectangle of negative size covers the same ground as its mirror image.
     const double left = std::min(x, x + w) - margin;
     const double right = std::max(x, x + w) + margin;
@@ -73,9 +79,12 @@ void DamageCanvas::add(std::uint64_t signature, const Rect& r, double margin) {
     const double t = std::clamp(std::floor(height - top), 0.0, height);
     const double b = std::clamp(std::ceil(height - bottom), 0.0, height);
     if (r2 <= l || b <= t)
-        return;
-    marks_.push_back({signature, QRect(static_cast<int>(l), static_cast<int>(t),
-                                       static_cast<int>(r2 - l), static_cast<int>(b - t))});
+        return false;
+    marks_.push_back({signature,
+                      QRect(static_cast<int>(l), static_cast<int>(t), static_cast<int>(r2 - l),
+                            static_cast<int>(b - t)),
+                      nullptr});
+    return true;
 }
 
 bool DamageCanvas::boundsOf(const Path& path, Rect& bounds) {
@@ -112,15 +121,31 @@ void DamageCanvas::fillPath(const Path& path, const Color& c) {
 
 void DamageCanvas::drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
                                double opacity) {
+    if (picture == nullptr)
+        return;
+    if (auto sampling = QtCanvas::magnifiedSampling(picture, source, dest, size_, device_)) {
+        // Samples in device pixels compare only through the same device transform.
+        if (add(Signature(kMagnified)
+                    .add(reinterpret_cast<std::uintptr_t>(picture))
+                    .add(opacity)
+                    .add(device_.m11())
+                    .add(device_.m22())
+                    .add(device_.dx())
+                    .add(device_.dy())
+                    .value(),
+                dest, kEdgeReach))
+            marks_.back().sampling =
+                std::make_shared<const MagnifiedSampling>(std::move(*sampling));
+        return;
+    }
     // A picture does not change once loaded, so the same one drawn alike looks alike.
-    if (picture != nullptr)
-        add(Signature(kPicture)
-                .add(reinterpret_cast<std::uintptr_t>(picture))
-                .add(source)
-                .add(dest)
-                .add(opacity)
-                .value(),
-            dest, kEdgeReach);
+    add(Signature(kPicture)
+            .add(reinterpret_cast<std::uintptr_t>(picture))
+            .add(source)
+            .add(dest)
+            .add(opacity)
+            .value(),
+        dest, kEdgeReach);
 }
 
 Size DamageCanvas::measureText(const std::string& text, const TextStyle& style) {
@@ -141,24 +166,51 @@ void DamageCanvas::drawTextInRect(const std::string& text, const Rect& r, const 
 }
 
 QRegion DamageCanvas::changedSince(const std::vector<Mark>& before) const {
-    // Count each primitive of the frame before, then strike off those this frame draws again;
-    // what is left over on either side is where the picture changes.
-    std::unordered_map<std::uint64_t, int> counts;
-    for (const Mark& mark : before)
-        ++counts[mark.signature];
     std::vector<QRect> changed;
-    for (const Mark& mark : marks_) {
-        auto found = counts.find(mark.signature);
+    // A magnified picture drawn again is matched with its mark before, and changes only where
+    // its samples do.
+    std::vector<bool> matchedBefore(before.size());
+    std::vector<bool> matchedNow(marks_.size());
+    std::vector<std::size_t> sampledBefore;
+    for (std::size_t j = 0; j < before.size(); ++j) {
+        if (before[j].sampling)
+            sampledBefore.push_back(j);
+    }
+    for (std::size_t i = 0; i < marks_.size() && !sampledBefore.empty(); ++i) {
+        if (!marks_[i].sampling)
+            continue;
+        for (const std::size_t j : sampledBefore) {
+            if (!matchedBefore[j] && before[j].signature == marks_[i].signature) {
+                matchedBefore[j] = true;
+                matchedNow[i] = true;
+                addChanged(before[j], marks_[i], changed);
+                break;
+            }
+        }
+    }
+    // Count each other primitive of the frame before, then strike off those this frame draws
+    // again; what is left over on either side is where the picture changes.
+    std::unordered_map<std::uint64_t, int> counts;
+    for (std::size_t j = 0; j < before.size(); ++j) {
+        if (!matchedBefore[j])
+            ++counts[before[j].signature];
+    }
+    for (std::size_t i = 0; i < marks_.size(); ++i) {
+        if (matchedNow[i])
+            continue;
+        auto found = counts.find(marks_[i].signature);
         if (found != counts.end() && found->second > 0)
             --found->second;
         else
-            changed.push_back(mark.bounds);
+            changed.push_back(marks_[i].bounds);
     }
-    for (const Mark& mark : before) {
-        auto found = counts.find(mark.signature);
+    for (std::size_t j = 0; j < before.size(); ++j) {
+        if (matchedBefore[j])
+            continue;
+        auto found = counts.find(before[j].signature);
         if (found->second > 0) {
             --found->second;
-            changed.push_back(mark.bounds);
+            changed.push_back(before[j].bounds);
         }
     }
     joinNeighbours(changed);
@@ -166,6 +218,13 @@ QRegion DamageCanvas::changedSince(const std::vector<Mark>& before) const {
     for (const QRect& r : changed)
         region += r;
     return region;
+}
+
+void DamageCanvas::addChanged(const Mark& before, const Mark& now,
+                              std::vector<QRect>& changed) const {
+    const QTransform toView = device_.inverted();
+    for (const QRect& pixels : changedPixels(*before.sampling, *now.sampling))
+        changed.push_back(toView.mapRect(QRectF(pixels)).toAlignedRect());
 }
 
 void DamageCanvas::joinNeighbours(std::vector<QRect>& rects) {

@@ -1,13 +1,16 @@
 #pragma once
 
 #include "platform/qt_fonts.h"
+#include "platform/qt_magnify.h"
 #include "presentation/canvas.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include <QRect>
 #include <QRegion>
+#include <QTransform>
 
 class QPaintDevice;
 
@@ -21,12 +24,20 @@ namespace apsis {
 class DamageCanvas final : public Canvas {
   public:
     // One primitive: what it was, with every argument, and where its ink can reach.
+    // A picture drawn magnified is noted by where its pixels sample it instead: drawn again,
+    // the same picture is repainted only in the columns and lines it samples differently. A
+    // planet filling the view moves a ten-thousandth of a pixel a tick, and few of them change.
     struct Mark {
         std::uint64_t signature;
         QRect bounds;
+        std::shared_ptr<const MagnifiedSampling> sampling;
     };
 
-    DamageCanvas(const QPaintDevice* device, Size size) : size_(size), faces_(device) {}
+    // Notes the frame as a painter over device draws it, whose device transform is, unless
+    // told otherwise, a scale by the device's pixel ratio.
+    DamageCanvas(const QPaintDevice* device, Size size);
+    // The device transform of the painter that draws the frame.
+    void setDeviceTransform(const QTransform& device) { device_ = device; }
 
     Size size() const override { return size_; }
     void fillRect(const Rect& r, const Color& c) override;
@@ -56,13 +67,18 @@ class DamageCanvas final : public Canvas {
     // Beyond this many rectangles, a frame that changes all over, they are left as they are.
     static constexpr std::size_t kMostJoined = 64;
 
-    // Notes a primitive covering a rectangle of the view (y upwards), widened by margin points.
-    void add(std::uint64_t signature, const Rect& r, double margin);
+    // Notes a primitive covering a rectangle of the view (y upwards), widened by margin points;
+    // false when it lies wholly outside the view and is not noted.
+    bool add(std::uint64_t signature, const Rect& r, double margin);
+    // Adds the part of the view, widget coordinates, where the pixels of a magnified picture noted
+    // before and now can differ.
+    void addChanged(const Mark& before, const Mark& now, std::vector<QRect>& changed) const;
     // The ground a path covers, y upwards; false for an empty path.
     static bool boundsOf(const Path& path, Rect& bounds);
 
     Size size_;
     FaceCache faces_;
+    QTransform device_;
     std::vector<Mark> marks_;
 };
 

@@ -62,6 +62,8 @@ void GameView::doFrame() {
 void GameView::requestRedraw() {
     // A pass over a canvas that only takes note of what the frame draws.
     DamageCanvas notes(this, Size{static_cast<float>(width()), static_cast<float>(height())});
+    if (painted_)
+        notes.setDeviceTransform(*painted_);
     {
         CanvasFocus focus(notes);
         ctrl_->drawRect();
@@ -76,6 +78,7 @@ void GameView::requestRedraw() {
 
 void GameView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
+    painted_ = painter.deviceTransform();
     painter.fillRect(rect(), Qt::black);
     QtCanvas canvas(painter, Size{static_cast<float>(width()), static_cast<float>(height())});
     // Qt paints only the region asked for; what lies wholly outside it need not be drawn.

@@ -5,11 +5,13 @@
 #include "host/key_relay.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <QElapsedTimer>
 #include <QRegion>
 #include <QTimer>
+#include <QTransform>
 #include <QWidget>
 
 namespace apsis {
@@ -54,6 +56,7 @@ class GameView : public QWidget {
     std::vector<DamageCanvas::Mark> lastFrame_; // what the frame now on screen draws
     bool wholeView_ = true;                     // the next redraw must cover the whole view
     unsigned decodesSeen_ = 0;                  // pictures decoded when the view was last drawn
+    std::optional<QTransform> painted_;         // the device transform of the last paint
 };
 
 } // namespace apsis

@@ -1,7 +1,6 @@
 #include "platform/qt_canvas.h"
 
 #include "platform/qt_convert.h"
-#include "platform/qt_magnify.h"
 #include "platform/qt_picture.h"
 #include "platform/qt_scaled_pictures.h"
 #include "presentation/clip.h"
@@ -53,10 +52,7 @@ struct Outline {
 } // namespace
 
 QtCanvas::QtCanvas(QPainter& painter, Size size)
-    : painter_(painter), size_(size),
-      window_(-kWindowMargin, -kWindowMargin, static_cast<double>(size.width) + 2.0 * kWindowMargin,
-              static_cast<double>(size.height) + 2.0 * kWindowMargin),
-      faces_(painter.device()) {
+    : painter_(painter), size_(size), window_(windowOf(size)), faces_(painter.device()) {
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.setRenderHint(QPainter::TextAntialiasing);
     painter_.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -68,12 +64,21 @@ QtCanvas::QtCanvas(QPainter& painter)
     : QtCanvas(painter, Size{static_cast<float>(surfaceOf(painter).width()),
                              static_cast<float>(surfaceOf(painter).height())}) {}
 
-QRectF QtCanvas::toQt(const Rect& r) const {
+QRectF QtCanvas::flipped(const Rect& r, Size size) {
     const double height = static_cast<double>(r.height);
     return QRectF(static_cast<double>(r.x),
-                  static_cast<double>(size_.height) - static_cast<double>(r.y) - height,
+                  static_cast<double>(size.height) - static_cast<double>(r.y) - height,
                   static_cast<double>(r.width), height)
         .normalized();
+}
+
+QRectF QtCanvas::windowOf(Size size) {
+    return {-kWindowMargin, -kWindowMargin, static_cast<double>(size.width) + 2.0 * kWindowMargin,
+            static_cast<double>(size.height) + 2.0 * kWindowMargin};
+}
+
+QRectF QtCanvas::toQt(const Rect& r) const {
+    return flipped(r, size_);
 }
 
 bool QtCanvas::onSurface(const QRectF& r, double margin) const {
@@ -190,79 +195,6 @@ void QtCanvas::drawPath(const Path& path, const Color& c, bool fill) {
         painter_.fillPath(qtPath, toQColor(c));
     else
         painter_.strokePath(qtPath, outlinePen(toQColor(c)));
-}
-
-void QtCanvas::drawPicture(const Picture* picture, const Rect& source, const Rect& dest,
-                           double opacity) {
-    const auto* qtPicture = dynamic_cast<const QtPicture*>(picture);
-    if (qtPicture == nullptr)
-        return;
-    opacity = unitInterval(opacity);
-    if (!(opacity > 0.0) || !finite(source) || !finite(dest))
-        return;
-    if (!(source.width > 0.0f) || !(source.height > 0.0f) || !(dest.width > 0.0f) ||
-        !(dest.height > 0.0f))
-        return;
-    // The picture's own rectangles count from its bottom-left corner too.
-    QRectF from(static_cast<double>(source.x),
-                static_cast<double>(picture->height()) - static_cast<double>(source.y) -
-                    static_cast<double>(source.height),
-                static_cast<double>(source.width), static_cast<double>(source.height));
-    QRectF to = toQt(dest);
-    if (!onSurface(to, 1.0))
-        return;
-    // A picture scaled to millions of points is cut to the window, and its source with it in
-    // proportion, so that Qt scales only what can be seen.
-    if (!window_.contains(to)) {
-        const QRectF visible = to.intersected(window_);
-        const double sx = from.width() / to.width();
-        const double sy = from.height() / to.height();
-        from = QRectF(from.left() + (visible.left() - to.left()) * sx,
-                      from.top() + (visible.top() - to.top()) * sy, visible.width() * sx,
-                      visible.height() * sy);
-        to = visible;
-    }
-    // The pixels of the picture at the size it is drawn, in the surface's own pixels: asked for
-    // even where this redraw leaves the picture as it is, since it is still on screen and kept.
-    const QRectF device = painter_.deviceTransform().mapRect(to);
-    const double density = std::max(device.width() / from.width(), device.height() / from.height());
-    const QtPicture::Pixels pixels = qtPicture->pixels(from, density);
-    if (pixels.image.isNull() || !reaches(to, 1.0))
-        return;
-    const QImage& image = pixels.image;
-    from = pixels.from;
-    painter_.setOpacity(opacity);
-    const QRectF surface(0.0, 0.0, static_cast<double>(size_.width),
-                         static_cast<double>(size_.height));
-    if (!drawScaledBefore(image, from, to) && !(painter_.worldTransform().isIdentity() &&
-                                                drawMagnified(painter_, to, image, from, surface)))
-        drawInBands(painter_, to, image, from);
-    painter_.setOpacity(1.0);
-}
-
-bool QtCanvas::drawScaledBefore(const QImage& image, const QRectF& from, const QRectF& to) {
-    // Only whole pixels of the picture, and only onto a painter that does nothing but scale to
-    // the device's pixels, as a window's or an image's does.
-    const QRect source = from.toRect();
-    if (QRectF(source) != from || !image.rect().contains(source) ||
-        !painter_.worldTransform().isIdentity())
-        return false;
-    const QTransform device = painter_.deviceTransform();
-    if (device.type() > QTransform::TxScale || device.m11() != device.m22() ||
-        !(device.m11() > 0.0))
-        return false;
-    // The destination in device pixels, its edges on the nearest pixel boundaries: never more
-    // than half a pixel from where the filtered drawing puts them.
-    const QRectF pixels = device.mapRect(to);
-    const QPoint topLeft(qRound(pixels.left()), qRound(pixels.top()));
-    const QSize size(qRound(pixels.right()) - topLeft.x(), qRound(pixels.bottom()) - topLeft.y());
-    const QImage scaled = scaledPictures().lookUp(image, source, size);
-    if (scaled.isNull())
-        return false;
-    painter_.setWorldTransform(device.inverted());
-    blitInBands(painter_, topLeft, scaled);
-    painter_.setWorldTransform(QTransform());
-    return true;
 }
 
 } // namespace apsis

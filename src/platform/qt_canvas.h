@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/qt_fonts.h"
+#include "platform/qt_magnify.h"
 #include "presentation/canvas.h"
 
 #include <optional>
@@ -8,6 +9,7 @@
 #include <QPainter>
 #include <QRectF>
 #include <QRegion>
+#include <QTransform>
 
 namespace apsis {
 
@@ -39,7 +41,25 @@ class QtCanvas final : public Canvas {
     void drawText(const std::string& text, Point at, const TextStyle& style) override;
     void drawTextInRect(const std::string& text, const Rect& r, const TextStyle& style) override;
 
+    // How drawPicture would sample the picture on a surface of the given size, through a painter
+    // of the given device transform and no world transform of its own, when it would draw it
+    // magnified: what decides the pixels it writes. Nothing when it would draw it otherwise.
+    static std::optional<MagnifiedSampling> magnifiedSampling(const Picture* picture,
+                                                              const Rect& source, const Rect& dest,
+                                                              Size size, const QTransform& device);
+
   private:
+    // A view rectangle (y upwards) on a surface of the given size as a painter rectangle (y
+    // downwards).
+    static QRectF flipped(const Rect& r, Size size);
+    // The surface of the given size widened on every side by a margin: geometry reaching beyond
+    // it is cut to it.
+    static QRectF windowOf(Size size);
+    // The part of a picture drawn, in its pixels (y downwards), and where, in painter units on a
+    // surface of the given size, cut to the window when it reaches far beyond; false when it
+    // draws nothing there.
+    static bool placePicture(const Picture& picture, const Rect& source, const Rect& dest,
+                             Size size, QRectF& from, QRectF& to);
     // A view rectangle (y upwards) as a painter rectangle (y downwards).
     QRectF toQt(const Rect& r) const;
     // Whether a painter rectangle reaches into the surface widened by margin on every side.

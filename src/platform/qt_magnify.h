@@ -1,9 +1,15 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
+#include <vector>
+
 #include <QImage>
 #include <QPainter>
 #include <QRect>
 #include <QRectF>
+#include <QRegion>
+#include <QTransform>
 
 namespace apsis {
 
@@ -30,5 +36,29 @@ QImage magnified(const QImage& image, const QRectF& from, const QRectF& target, 
 // (painter units) and within the painter's clip is worked out.
 bool drawMagnified(QPainter& painter, const QRectF& to, const QImage& image, const QRectF& from,
                    const QRectF& surface);
+
+// What decides the pixels of a magnified draw: the picture's pixels (by QImage::cacheKey), the part
+// of them it may read, and where each column and each line of the surface's pixels drawn (device
+// pixels) samples them: the two pixels of the picture it lies between and the weight of the
+// second. Two draws of the same pixels that sample a column and a line alike write the same pixel
+// where they cross.
+struct MagnifiedSampling {
+    qint64 image = 0;
+    QRect readable;
+    QRect area;
+    std::vector<std::uint64_t> across; // a column of area each
+    std::vector<std::uint64_t> down;   // a line of area each
+};
+
+// How drawMagnified, through a painter of the given device transform and no world transform of
+// its own, would sample image; nothing when it would not draw it.
+std::optional<MagnifiedSampling> samplingOf(const QTransform& device, const QRectF& to,
+                                            const QImage& image, const QRectF& from,
+                                            const QRectF& surface);
+
+// The surface's pixels (device pixels) that can differ between a draw sampled as before and one
+// sampled as now: those that only one of them draws, and the columns and lines of both that they
+// sample differently.
+QRegion changedPixels(const MagnifiedSampling& before, const MagnifiedSampling& now);
 
 } // namespace apsis

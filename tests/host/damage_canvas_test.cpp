@@ -3,6 +3,7 @@
 #include "host/damage_canvas.h"
 #include "physics/numeric.h"
 #include "platform/qt_canvas.h"
+#include "platform/qt_picture.h"
 #include "platform/qt_resources.h"
 
 #include <cstdlib>
@@ -109,6 +110,28 @@ TEST_F(PartialRepaint, FlightZoomPauseAndRestartLeaveNoTrace) {
     ctrl.keyDown(kKeyTab); // restart: the fade to white, then the briefing
     tick(12);
     expectScreenIsWholeFrame("after the fade");
+}
+
+// Zoomed in until the planet fills the view, the view moves a ten-thousandth of a pixel a tick:
+// the planet's picture is repainted only where its pixels change, and the screen stays exact.
+TEST_F(PartialRepaint, APlanetFillingTheViewIsRepaintedOnlyWhereItChanges) {
+    tick(10);
+    ctrl.startLevel(1);
+    ctrl.keyDown(kKeySpace);
+    ctrl.keyDown(kKeySpace);
+    tick(60);
+    ctrl.keyDown(kKeyW);
+    tick(75);
+    ctrl.keyUp(kKeyW);
+    QtPicture::waitForDecodes(); // the planet at the size drawn
+    tick(2);
+    long area = 0;
+    for (int i = 0; i < 30; ++i) {
+        tick();
+        area += changedArea;
+    }
+    EXPECT_LT(area, 30L * kWidth * kHeight / 4);
+    expectScreenIsWholeFrame("zoomed in on the planet");
 }
 
 // Rectangles close together go to the X server as one; those far apart, where one would cover

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <optional>
 #include <random>
 
 #include <QImage>
 #include <QPainter>
+#include <QWidget>
 
 namespace apsis {
 namespace {
@@ -42,6 +44,25 @@ QImage drawn(QSize size, const QImage& picture, const QRectF& from, const QRectF
         EXPECT_TRUE(drawMagnified(painter, to, picture, from, QRectF(QPointF(), QSizeF(size))));
     return surface;
 }
+
+// A widget that draws the part from of a picture magnified over the whole of itself.
+class MagnifyingWidget : public QWidget {
+  public:
+    MagnifyingWidget(const QImage& picture, const QRectF& from) : picture_(picture), from_(from) {
+        resize(160, 120);
+        setAttribute(Qt::WA_OpaquePaintEvent);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        EXPECT_TRUE(drawMagnified(painter, rect(), picture_, from_, rect()));
+    }
+
+  private:
+    QImage picture_;
+    QRectF from_;
+};
 
 // The mean and largest difference of two surfaces, levels of a channel.
 struct Difference {
@@ -108,12 +129,66 @@ TEST(Magnify, DrawsOnlyWithinTheClipAndLeavesSlightMagnificationToQt) {
         }
     }
 
+    // A widget's paint is held to the region being repainted by a clip the painter does not
+    // report as its own; outside it, what the surface holds stays as it is.
+    MagnifyingWidget widget(picture, from);
+    QImage held(160, 120, QImage::Format_RGB32);
+    held.fill(QColor(40, 90, 160));
+    widget.render(&held, QPoint(40, 30), QRegion(40, 30, 50, 20), QWidget::RenderFlags());
+    EXPECT_TRUE(held == clipped);
+
     QImage surface(160, 120, QImage::Format_RGB32);
     QPainter painter(&surface);
     EXPECT_FALSE(drawMagnified(painter, QRectF(0, 0, 150, 120), picture, QRectF(0, 0, 80, 40),
                                QRectF(0, 0, 160, 120)));
     painter.rotate(10);
     EXPECT_FALSE(drawMagnified(painter, to, picture, from, QRectF(0, 0, 160, 120)));
+}
+
+// Drawn again a little moved, a magnified picture writes other pixels only in the columns and
+// lines it samples differently, and those are few; drawn from other pixels, all of it changes.
+TEST(Magnify, ChangesOnlyWhereItsSamplesDo) {
+    const QImage picture = noise(false);
+    const QSize size(160, 120);
+    const QRectF surface{QPointF(), QSizeF(size)};
+    const QRectF from(20.1, 10.3, 0.4, 0.3);
+    QRectF to(-40, -30, 240, 180);
+    std::optional<MagnifiedSampling> before = samplingOf({}, to, picture, from, surface);
+    ASSERT_TRUE(before);
+    EXPECT_TRUE(changedPixels(*before, *before).isEmpty());
+    QImage was = drawn(size, picture, from, to, true);
+    long changedArea = 0;
+    int changedSteps = 0;
+    for (int step = 0; step < 40; ++step) {
+        to.translate(0.004, 0.003);
+        const std::optional<MagnifiedSampling> now = samplingOf({}, to, picture, from, surface);
+        ASSERT_TRUE(now);
+        const QImage is = drawn(size, picture, from, to, true);
+        const QRegion changed = changedPixels(*before, *now);
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x) {
+                if (was.pixel(x, y) != is.pixel(x, y)) {
+                    ASSERT_TRUE(changed.contains(QPoint(x, y))) << step << " " << x << "," << y;
+                }
+            }
+        }
+        for (const QRect& r : changed)
+            changedArea += r.width() * r.height();
+        changedSteps += changed.isEmpty() ? 0 : 1;
+        before = now;
+        was = is;
+    }
+    EXPECT_GT(changedSteps, 0);
+    EXPECT_LT(changedArea, 40L * size.width() * size.height() / 10);
+
+    // Another frame of a sheet, another picture: the whole of both draws.
+    const std::optional<MagnifiedSampling> other =
+        samplingOf({}, to, picture, from.translated(4, 0), surface);
+    ASSERT_TRUE(other);
+    EXPECT_EQ(changedPixels(*before, *other), QRegion(before->area));
+    EXPECT_EQ(changedPixels(*before, *samplingOf({}, to, picture.copy(), from, surface)),
+              QRegion(before->area));
+    EXPECT_FALSE(samplingOf({}, QRectF(0, 0, 150, 120), picture, QRectF(0, 0, 80, 40), surface));
 }
 
 } // namespace
