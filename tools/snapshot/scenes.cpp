@@ -104,10 +104,10 @@ std::vector<Scene> scenes() {
     add("06-instructions", [](Controller& c) { c.setMode(MODE_INSTRUCTIONS); });
     for (const auto& [name, level, difficulty] :
          {std::tuple{"07-setup-level1-easy", 1, 1}, std::tuple{"07-setup-level8-hard", 8, 3}})
-        add(name, [level, difficulty](Controller& c) {
+        add(name, [n = level, d = difficulty](Controller& c) {
             c.setMode(MODE_CHOICE);
-            c.level = level;
-            c.game.difficulty = difficulty;
+            c.level = n;
+            c.game.difficulty = d;
         });
     add("08-briefing-practice", [](Controller& c) { startSeeded(c, 0, 1); });
     add("08-briefing-level1", [](Controller& c) { startSeeded(c, 1, 1); });
@@ -243,9 +243,9 @@ std::vector<Scene> scenes() {
           Wide{"19-aids-level3-craft-out-of-sight", 3, 1.0e7},
           Wide{"19-aids-level5-phase", 5, 2.0e8}, Wide{"19-aids-level6-phase", 6, 1.2e9},
           Wide{"19-aids-level7-phase", 7, 8e11}})
-        add(name, [level, scale](Controller& c) {
-            flyWithAids(c, level, static_cast<unsigned>(level), 10);
-            c.drawView.viewScale = scale;
+        add(name, [n = level, s = scale](Controller& c) {
+            flyWithAids(c, n, static_cast<unsigned>(n), 10);
+            c.drawView.viewScale = s;
         });
     add("19-aids-crowding-the-read-outs", [](Controller& c) {
         fly(c, 2, 2, 3);
