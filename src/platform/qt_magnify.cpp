@@ -1,5 +1,7 @@
 #include "platform/qt_magnify.h"
 
+#include "platform/qt_blend_lines.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -119,19 +121,6 @@ void layOver(const std::uint32_t* pixels, std::uint32_t* out, std::size_t count)
     }
     for (; i < count; ++i)
         layOver(pixels[i], out[i]);
-}
-
-// Blends count bytes of two lines of pixels, channel by channel, with weight w (of 256) of lower:
-// the same sums as blend's, in a form the compiler does sixteen at a time, or thirty-two on a
-// processor that can.
-#if defined(__x86_64__)
-__attribute__((target_clones("avx2", "default")))
-#endif
-void blendLines(const std::uint8_t* __restrict upper, const std::uint8_t* __restrict lower,
-                std::uint8_t* __restrict out, std::size_t count, std::uint16_t w) {
-    const auto v = static_cast<std::uint16_t>(256 - w);
-    for (std::size_t i = 0; i < count; ++i)
-        out[i] = static_cast<std::uint8_t>((upper[i] * v + lower[i] * w) >> 8);
 }
 
 // Writes the pixels part (surface pixels, within l.area) into into, whose pixel (0, 0) lies at
