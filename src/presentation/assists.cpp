@@ -5,7 +5,6 @@
 #include "presentation/format.h"
 #include "presentation/nav_parts.h"
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -63,9 +62,7 @@ void drawReadOuts(DrawView& view, Canvas& canvas, const AssistAids& a) {
     for (const std::string& line : lines) {
         const Size size = canvas.measureText(line, kAssistStyle);
         const double x = view.viewWidth - 30 - static_cast<double>(size.width);
-        canvas.fillRect(toRect(x - kPlatePad, y, static_cast<double>(size.width) + 2 * kPlatePad,
-                               std::max(12.0, static_cast<double>(size.height))),
-                        kPlateColor);
+        drawLinePlate(canvas, x, y, size, &line == &lines.front());
         canvas.drawText(line, toPoint(x, y), kAssistStyle);
         view.textsDrawn.push_back(toRect(x, y, size.width, size.height));
         y -= 12;

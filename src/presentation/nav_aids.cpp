@@ -113,19 +113,14 @@ void placeNotes(Scene& s) {
     s.placer.hold({0, top - below - 2, 12 + widest, top + std::max(14.0, high)}, true);
 }
 
-// Each line on its own plate: plates 12 points high from the bottom of each line's box, which
-// hold its descenders and its capitals, meet the next line's without overlapping; the top plate
-// reaches the top of its box.
+// Each line on its own plate.
 void drawNotes(Scene& s) {
     for (std::size_t i = 0; i < s.notes.size(); ++i) {
         const double y = s.notesTop - 12.0 * static_cast<double>(i);
         TextStyle style = kAidStyle;
         style.color = s.notes[i].second;
         const Size size = s.canvas.measureText(s.notes[i].first, style);
-        const double high = i == 0 ? std::max(12.0, static_cast<double>(size.height)) : 12.0;
-        s.canvas.fillRect(
-            toRect(10 - kPlatePad, y, static_cast<double>(size.width) + 2 * kPlatePad, high),
-            kPlateColor);
+        drawLinePlate(s.canvas, 10, y, size, i == 0);
         s.canvas.drawText(s.notes[i].first, toPoint(10, y), style);
     }
 }

@@ -80,6 +80,10 @@ void drawLine(Canvas& canvas, const DrawView& view, ViewPoint from, ViewPoint to
 void drawCircle(Canvas& canvas, const DrawView& view, ViewPoint c, double r, const Color& color);
 void drawArc(Canvas& canvas, ViewPoint c, double r, double from, double span, const Color& color);
 void drawCross(Canvas& canvas, ViewPoint p, double r, const Color& color);
+// The plate under one of a column of lines 12 points apart, the text's box at (x, y): 12 points
+// high from the bottom of the box, which holds descenders and capitals and meets the next line's
+// plate without overlapping it; the top line's reaches the top of its box.
+void drawLinePlate(Canvas& canvas, double x, double y, Size text, bool isTopLine);
 void drawRing(Canvas& canvas, ViewPoint p, double r, const Color& color);
 void drawDashedRing(Canvas& canvas, ViewPoint p, double r, const Color& color);
 void drawDiamond(Canvas& canvas, ViewPoint p, double r, const Color& color);

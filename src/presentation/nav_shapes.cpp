@@ -126,6 +126,12 @@ void drawArc(Canvas& canvas, ViewPoint c, double r, double from, double span, co
     canvas.strokePath(arc, color);
 }
 
+void drawLinePlate(Canvas& canvas, double x, double y, Size text, bool isTopLine) {
+    const double high = isTopLine ? std::max(12.0, static_cast<double>(text.height)) : 12.0;
+    canvas.fillRect(toRect(x - kPlatePad, y, static_cast<double>(text.width) + 2 * kPlatePad, high),
+                    kPlateColor);
+}
+
 void drawCross(Canvas& canvas, ViewPoint p, double r, const Color& color) {
     Path cross;
     cross.moveTo(toPoint(p.x - r, p.y - r));
