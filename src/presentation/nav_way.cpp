@@ -26,6 +26,36 @@ void holdLine(LabelPlacer& placer, ViewPoint from, ViewPoint to, double reach) {
     placer.hold(boxAround(to, reach));
 }
 
+// An arrow at the edge of the view, from its middle towards a place beyond it, and its name.
+void drawEdgeArrow(Canvas& canvas, const DrawView& view, ViewPoint at, const Color& color,
+                   std::string name, LabelPlacer& placer, std::vector<Label>& labels) {
+    if (isInView(view, at))
+        return;
+    const ViewPoint middle{view.viewWidth / 2, view.viewHeight / 2};
+    const double dx = at.x - middle.x;
+    const double dy = at.y - middle.y;
+    const double length = std::hypot(dx, dy);
+    if (!(length > 0) || !std::isfinite(length))
+        return;
+    // The edges the arrow keeps to: the fuel gauge on the right, the scale bar at the bottom.
+    const Box edge{16, 46, view.viewWidth - 34, view.viewHeight - 16};
+    double s = 1.0;
+    if (dx != 0)
+        s = std::min(s, ((dx > 0 ? edge.right : edge.left) - middle.x) / dx);
+    if (dy != 0)
+        s = std::min(s, ((dy > 0 ? edge.top : edge.bottom) - middle.y) / dy);
+    const double a = std::atan2(dy, dx);
+    ViewPoint tip{middle.x + dx * s, middle.y + dy * s};
+    const auto base = [&] { return along(tip, a + kPi, 7); };
+    for (double back = 0; back < length * s - 20 && !placer.isFree(boxAround(base(), 9)); back += 4)
+        tip = {middle.x + dx * (s - back / length), middle.y + dy * (s - back / length)};
+    // On a dark casing, so that it shows on a light picture too.
+    drawArrowHead(canvas, along(tip, a, 1.5), a, 17, 9, kCasingColor, true);
+    drawArrowHead(canvas, tip, a, 14, 7, color, true);
+    placer.hold(boxAround(base(), 9));
+    labels.push_back({std::move(name), base(), 9});
+}
+
 } // namespace
 
 CraftReach craftReach(const DrawView& view) {
@@ -121,40 +151,6 @@ void drawSun(Canvas& canvas, const DrawView& view, const NavAids& aids, ViewPoin
     placer.hold(boxAround(mark, 8));
     labels.push_back({"Sun", mark, 8});
 }
-
-namespace {
-
-// An arrow at the edge of the view, from its middle towards a place beyond it, and its name.
-void drawEdgeArrow(Canvas& canvas, const DrawView& view, ViewPoint at, const Color& color,
-                   std::string name, LabelPlacer& placer, std::vector<Label>& labels) {
-    if (isInView(view, at))
-        return;
-    const ViewPoint middle{view.viewWidth / 2, view.viewHeight / 2};
-    const double dx = at.x - middle.x;
-    const double dy = at.y - middle.y;
-    const double length = std::hypot(dx, dy);
-    if (!(length > 0) || !std::isfinite(length))
-        return;
-    // The edges the arrow keeps to: the fuel gauge on the right, the scale bar at the bottom.
-    const Box edge{16, 46, view.viewWidth - 34, view.viewHeight - 16};
-    double s = 1.0;
-    if (dx != 0)
-        s = std::min(s, ((dx > 0 ? edge.right : edge.left) - middle.x) / dx);
-    if (dy != 0)
-        s = std::min(s, ((dy > 0 ? edge.top : edge.bottom) - middle.y) / dy);
-    const double a = std::atan2(dy, dx);
-    ViewPoint tip{middle.x + dx * s, middle.y + dy * s};
-    const auto base = [&] { return along(tip, a + kPi, 7); };
-    for (double back = 0; back < length * s - 20 && !placer.isFree(boxAround(base(), 9)); back += 4)
-        tip = {middle.x + dx * (s - back / length), middle.y + dy * (s - back / length)};
-    // On a dark casing, so that it shows on a light picture too.
-    drawArrowHead(canvas, along(tip, a, 1.5), a, 17, 9, kCasingColor, true);
-    drawArrowHead(canvas, tip, a, 14, 7, color, true);
-    placer.hold(boxAround(base(), 9));
-    labels.push_back({std::move(name), base(), 9});
-}
-
-} // namespace
 
 // The level's target or goal body, out of sight: an arrow towards it, with its distance.
 void drawTargetArrow(Canvas& canvas, const DrawView& view, const NavAids& aids, LabelPlacer& placer,
