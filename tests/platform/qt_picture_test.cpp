@@ -8,6 +8,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QTemporaryDir>
 
 namespace apsis {
 namespace {
@@ -47,13 +48,8 @@ double meanDifference(const QImage& a, const QImage& b) {
 
 class QtPictureTest : public ::testing::Test {
   protected:
-    void SetUp() override {
-        folder =
-            std::filesystem::temp_directory_path() /
-            ("apsis-pictures-" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()));
-        std::filesystem::create_directories(folder);
-    }
-    void TearDown() override { std::filesystem::remove_all(folder); }
+    // A folder of each test's own: tests run side by side in processes of their own.
+    void SetUp() override { ASSERT_TRUE(scratch.isValid()); }
     PictureFile save(const QImage& image, const std::string& name) {
         const auto path = folder / name;
         EXPECT_TRUE(image.save(QString::fromStdString(path.string()), "JPG", 92));
@@ -68,7 +64,8 @@ class QtPictureTest : public ::testing::Test {
                    ? QImage()
                    : pixels.image.copy(pixels.from.toRect()).convertToFormat(QImage::Format_RGB32);
     }
-    std::filesystem::path folder;
+    QTemporaryDir scratch;
+    std::filesystem::path folder = scratch.path().toStdString();
 };
 
 TEST_F(QtPictureTest, AFrameDecodedAtTheSizeDrawnIsTheFrameOfTheWholeSheetScaled) {

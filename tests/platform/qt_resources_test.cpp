@@ -7,23 +7,20 @@
 #include <sys/stat.h>
 
 #include <QImage>
+#include <QTemporaryDir>
 
 namespace apsis {
 namespace {
 
 class QtResourcesTest : public ::testing::Test {
   protected:
-    void SetUp() override {
-        folder = std::filesystem::temp_directory_path() /
-                 ("apsis-resources-" +
-                  std::to_string(::testing::UnitTest::GetInstance()->random_seed()));
-        std::filesystem::create_directories(folder);
-    }
-    void TearDown() override { std::filesystem::remove_all(folder); }
+    // A folder of each test's own: tests run side by side in processes of their own.
+    void SetUp() override { ASSERT_TRUE(scratch.isValid()); }
     void write(const std::string& file, const std::string& bytes) {
         std::ofstream(folder / file, std::ios::binary) << bytes;
     }
-    std::filesystem::path folder;
+    QTemporaryDir scratch;
+    std::filesystem::path folder = scratch.path().toStdString();
 };
 
 TEST_F(QtResourcesTest, ReadsByNameAndTypeAndMissingOrBrokenFilesAreNothing) {
