@@ -26,13 +26,14 @@ apsis::PathRequest openingRequest(int level, bool slower) {
 
 // The path from a level's opening found as far as it reaches, as the worker finds it: the time
 // this takes on the worker's thread is the time the pilot waits for the whole path. Counters: the
-// world steps taken and the simulated time the path covers.
+// world steps taken, the simulated time the path covers and whether it ended at a limit.
 void BM_PathToHorizon(benchmark::State& state) {
     const int level = static_cast<int>(state.range(0));
     const bool slower = state.range(1) != 0;
     const apsis::PathRequest request = openingRequest(level, slower);
     std::size_t steps = 0;
     double reach = 0;
+    bool isCut = false;
     for (auto _ : state) {
         apsis::PathFinder finder(request);
         while (!finder.result().isFar)
@@ -41,10 +42,12 @@ void BM_PathToHorizon(benchmark::State& state) {
         steps = found.fine.size() + found.coarse.size();
         const auto& last = found.coarse.empty() ? found.fine.back() : found.coarse.back();
         reach = last.elapsed - found.fine.front().elapsed;
+        isCut = found.isCutShort;
         benchmark::DoNotOptimize(found.fine.data());
     }
     state.counters["steps"] = static_cast<double>(steps);
     state.counters["days"] = reach / 86400;
+    state.counters["cut"] = isCut ? 1 : 0; // ended at a limit before its horizon
 }
 BENCHMARK(BM_PathToHorizon)
     ->ArgNames({"level", "slower"})

@@ -78,6 +78,12 @@ PathFinder::PathFinder(PathRequest request)
         request_.world = fine_;
     }
     result_.fine.push_back(sampleOf(fine_));
+    centreMu_ = G * (request_.world.*kBodies[request_.centre]).mass;
+    // Beyond the level's time limit no approach counts.
+    const Game& world = request_.world;
+    goalUntil_ =
+        world.elapsedTime +
+        (world.timeLimit > 0 ? std::max(0.0, world.timeLimit - world.elapsedTime) : kLongestLook);
     hasCoarse_ = coarseStep(request_.world) > request_.world.timeStep;
     if (hasCoarse_)
         result_.coarse.push_back(result_.fine.front());
@@ -99,7 +105,9 @@ double PathFinder::coarseStep(const Game& world) {
     return own * std::max(1.0, std::floor(wanted / own));
 }
 
-bool PathFinder::Horizon::check(const std::vector<PathSample>& samples, int centre, int goal) {
+bool PathFinder::Horizon::check(const std::vector<PathSample>& samples, const PathFinder& finder) {
+    const int centre = finder.request_.centre;
+    const int goal = finder.request_.goal;
     const PathSample& last = samples.back();
     if (samples.size() >= 2)
         turn += std::remainder(angleAround(last, centre) - angleAround(samples.end()[-2], centre),
@@ -114,7 +122,33 @@ bool PathFinder::Horizon::check(const std::vector<PathSample>& samples, int cent
             isPassed = true;
         }
     }
-    return std::abs(turn) >= kTurnsAhead * kTwoPi && (goal < 0 || isPassed);
+    const bool isGoalDone =
+        goal < 0 || isPassed || last.elapsed >= finder.goalUntil_ || finder.isGoalOutOfReach(last);
+    return std::abs(turn) >= kTurnsAhead * kTwoPi && isGoalDone;
+}
+
+bool PathFinder::isGoalOutOfReach(const PathSample& s) const {
+    const int centre = request_.centre;
+    const double mu = centreMu_;
+    const double rx = s.craft.x - s.bodyX[centre], ry = s.craft.y - s.bodyY[centre];
+    const double vx = s.craft.vx - s.bodyVX[centre], vy = s.craft.vy - s.bodyVY[centre];
+    const double energy = 0.5 * (vx * vx + vy * vy) - mu / std::hypot(rx, ry); // per kg
+    if (!(energy < 0))
+        return false;
+    if (request_.goal == centre)
+        return true;
+    const double h = rx * vy - ry * vx;
+    const double e = std::sqrt(std::max(0.0, 1 + 2 * energy * h * h / (mu * mu)));
+    const double high = -mu / (2 * energy) * (1 + e);
+    // How near the goal may come to the centre, moving to or from it as fast as it does now: a
+    // body that has just passed is still near, and is followed until it is well past.
+    const int g = request_.goal;
+    const double gx = s.bodyX[g] - s.bodyX[centre], gy = s.bodyY[g] - s.bodyY[centre];
+    const double d = std::hypot(gx, gy);
+    const double radial =
+        (gx * (s.bodyVX[g] - s.bodyVX[centre]) + gy * (s.bodyVY[g] - s.bodyVY[centre])) / d;
+    const double look = std::min(kApproachLook, std::max(0.0, goalUntil_ - s.elapsed));
+    return high < 0.5 * (d - std::abs(radial) * look);
 }
 
 bool PathFinder::hits(const Game& world) {
@@ -162,7 +196,7 @@ bool PathFinder::advance(int steps, std::size_t world) {
             stepFine();
             if (result_.isComplete)
                 break;
-            const bool isFar = fineHorizon_.check(result_.fine, request_.centre, request_.goal);
+            const bool isFar = fineHorizon_.check(result_.fine, *this);
             if (!hasCoarse_) {
                 const bool isLimit = result_.fine.size() > kMostFineSteps ||
                                      result_.fine.back().elapsed - start >= kLongestLook;
@@ -186,7 +220,7 @@ bool PathFinder::advance(int steps, std::size_t world) {
             }
             stepCoarse();
             const bool isImpact = hits(coarse_);
-            const bool isFar = coarseHorizon_.check(result_.coarse, request_.centre, request_.goal);
+            const bool isFar = coarseHorizon_.check(result_.coarse, *this);
             const bool isLimit = result_.coarse.size() > kMostCoarseSteps ||
                                  result_.coarse.back().elapsed - start >= kLongestLook;
             if (isImpact || isFar || isLimit) {

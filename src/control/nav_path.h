@@ -65,21 +65,28 @@ struct PathResult {
 
 // Looks ahead from one request, a given number of world steps at a time, so that the work can be
 // spread over ticks or done on a thread of its own. The path reaches two turns round its centre,
-// or an impact, and for a goal also its closest approach; it stops short at kLongestLook.
+// or an impact, and for a goal also its closest approach, unless the craft's orbit keeps it far
+// from the goal or the approach lies beyond the level's time limit; it stops short at
+// kLongestLook, or after kMostCoarseSteps.
 class PathFinder {
   public:
     static constexpr double kLongestLook = 400 * 86400.0; // s of simulated time ahead, at most
+    // s: a goal that cannot come near the craft's orbit within a month at the speed it moves to or
+    // from the centre now is out of its reach (Mars from a low orbit round Earth); an asteroid
+    // falling past is not.
+    static constexpr double kApproachLook = 30 * 86400.0;
     static constexpr std::size_t kMostFineSteps = 3000;
-    static constexpr std::size_t kMostCoarseSteps = 300;
+    // Enough to look through the time limit for a goal on the craft's own geostationary orbit
+    // (level 5).
+    static constexpr std::size_t kMostCoarseSteps = 450;
     static constexpr std::size_t kLeadSteps = 30; // fine steps found before the coarse path
     static constexpr std::size_t kFineAhead = 90; // fine steps found ahead of the world: 3 s
     static constexpr std::size_t kEverything = kMostFineSteps; // a place that asks for it all
     // Two turns, so that a path found again half way along (see NavPrediction) always reaches a
     // whole turn ahead, and at the highest time factors is not found again every other tick.
     static constexpr double kTurnsAhead = 2;
-    static constexpr double kStepsPerTurn = 60;
-    static constexpr double kReach = 0.125; // of the distance to a body, a coarse step at most   //
-                                            // coarse steps per turn round the nearest pull
+    static constexpr double kStepsPerTurn = 60; // coarse steps a turn round the nearest pull
+    static constexpr double kReach = 0.125;     // of the distance to a body, a coarse step at most
     static constexpr double kLongestStep = 86400; // s: even far out, the Moon's month in 27 steps
     static constexpr int kCoarseSubSteps = 250;   // sub-steps of a coarse step: 15,000 to a turn
 
@@ -103,12 +110,19 @@ class PathFinder {
         double turn = 0;       // rad round the centre so far
         double nearest = -1;   // m, the closest to the goal so far
         bool isPassed = false; // the goal's closest approach lies behind
-        bool check(const std::vector<PathSample>& samples, int centre, int goal);
+        bool check(const std::vector<PathSample>& samples, const PathFinder& finder);
     };
 
     void stepFine();
     void stepCoarse();
     bool hits(const Game& world);
+    // Whether the craft at s, bound to the centre, stays on an orbit that keeps it from the goal:
+    // its high point within half the distance the goal may come to from the centre, moving to or
+    // from it as fast as it does now, before kApproachLook or the level's time runs out. Left alone
+    // the craft comes no nearer to the goal than it does once a turn, so its turns alone decide how
+    // far the path reaches. So it does on an orbit round the goal itself, whose low point comes
+    // once a turn.
+    bool isGoalOutOfReach(const PathSample& s) const;
 
     PathRequest request_;
     Game fine_;   // the world at the fine path's end
@@ -118,6 +132,9 @@ class PathFinder {
     Horizon fineHorizon_;
     Horizon coarseHorizon_;
     bool hasCoarse_ = false;
+    double centreMu_ = 0;  // m^3/s^2, the centre's pull
+    double goalUntil_ = 0; // s on the world's clock: a goal's approach later than this does not
+                           // count
 };
 
 } // namespace apsis

@@ -12,11 +12,15 @@
 namespace apsis {
 namespace {
 
-PathResult findWhole(const Controller& c) {
-    PathRequest ask{c.game, c.level, orbitCentreOf(c.game, c.drawView.viewTarget), -1,
-                    std::nullopt};
+// The whole path from the world as it is, for the level's goal as the aids ask, or for none; or
+// only as far as it reaches, before the fine path fills it in.
+PathResult findWhole(const Controller& c, bool forGoal = false, bool isFarEnough = false) {
+    const Stellar* goal =
+        forGoal ? targetOf(c.game, levelAt(c.level), c.isPartialObjectiveDone) : nullptr;
+    PathRequest ask{c.game, c.level, orbitCentreOf(c.game, c.drawView.viewTarget),
+                    goal != nullptr ? bodyIndex(c.game, *goal) : -1, std::nullopt};
     PathFinder finder(ask);
-    while (finder.advance(1000)) {
+    while (finder.advance(1000) && !(isFarEnough && finder.result().isFar)) {
     }
     return finder.result();
 }
@@ -85,6 +89,47 @@ TEST(PathFinder, CoarseStepsShortenAgainTowardsTheLowPoint) {
         ASSERT_GT(nearest, 0.99 * std::min(std::hypot(ax, ay), std::hypot(bx, by)))
             << "the chord from " << s.elapsed << " s to " << t.elapsed << " s";
     }
+}
+
+// At every level's opening the path reaches its horizon, not a limit. Where the craft's orbit
+// keeps it far from its goal (the Moon, Mars, the satellite sunwards, the station round the Moon
+// wherever it is on its orbit, an asteroid still far out) two turns are its horizon; a goal on the
+// craft's own orbit is looked for up to the level's time limit; a body falling past, until it has
+// passed.
+TEST(PathFinder, EveryLevelOpensWithThePathToItsHorizon) {
+    ScopedFakeResources files;
+    const auto days = [](const PathResult& path) {
+        const PathSample& end = path.coarse.empty() ? path.fine.back() : path.coarse.back();
+        return (end.elapsed - path.fine.front().elapsed) / 86400;
+    };
+    for (int level = 1; level < kLevelCount; ++level) {
+        for (const unsigned seed : {1u, 2u, 3u}) {
+            if (seed > 1 && level != 6)
+                continue; // the station elsewhere round the Moon, and moving otherwise
+            Controller c;
+            flySeeded(c, level, seed);
+            const PathResult path = findWhole(c, true, true);
+            ASSERT_TRUE(path.isFar && !path.isCutShort) << "level " << level << " seed " << seed;
+            if (level == 5) {
+                EXPECT_GE(days(path) * 86400, c.game.timeLimit);
+            } else if (level >= 3) {
+                EXPECT_LT(days(path), 2.1) << "level " << level << " seed " << seed;
+            }
+        }
+    }
+    // The asteroid three million km out, falling straight at Earth: its pass lies days beyond the
+    // two turns, and the path reaches it.
+    Controller c;
+    flySeeded(c, 8, 1);
+    Position& rock = c.game.asteroid.pos;
+    const Position& earth = c.game.earth.pos;
+    rock.x = earth.x + 3e9;
+    rock.y = earth.y + 2e8;
+    rock.vx = earth.vx - 1e4;
+    rock.vy = earth.vy;
+    const PathResult path = findWhole(c, true, true);
+    ASSERT_TRUE(path.isFar && !path.isCutShort);
+    EXPECT_GT(days(path), 3.6);
 }
 
 // A path not yet found beyond the craft's place now tells of the closest approach only that it
