@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace apsis {
@@ -122,24 +123,34 @@ bool PathFinder::Horizon::check(const std::vector<PathSample>& samples, const Pa
             isPassed = true;
         }
     }
-    const bool isGoalDone =
-        goal < 0 || isPassed || last.elapsed >= finder.goalUntil_ || finder.isGoalOutOfReach(last);
-    return std::abs(turn) >= kTurnsAhead * kTwoPi && isGoalDone;
+    const double high = finder.highPoint(last);
+    const bool isGoalDone = goal < 0 || isPassed || last.elapsed >= finder.goalUntil_ ||
+                            finder.isGoalOutOfReach(last, high);
+    // A craft escaping its centre never turns round it: once past its goal it is far enough.
+    const bool isTurned =
+        std::abs(turn) >= kTurnsAhead * kTwoPi || (goal >= 0 && isPassed && std::isinf(high));
+    return isTurned && isGoalDone;
 }
 
-bool PathFinder::isGoalOutOfReach(const PathSample& s) const {
+double PathFinder::highPoint(const PathSample& s) const {
     const int centre = request_.centre;
     const double mu = centreMu_;
     const double rx = s.craft.x - s.bodyX[centre], ry = s.craft.y - s.bodyY[centre];
     const double vx = s.craft.vx - s.bodyVX[centre], vy = s.craft.vy - s.bodyVY[centre];
     const double energy = 0.5 * (vx * vx + vy * vy) - mu / std::hypot(rx, ry); // per kg
     if (!(energy < 0))
+        return std::numeric_limits<double>::infinity();
+    const double h = rx * vy - ry * vx;
+    const double e = std::sqrt(std::max(0.0, 1 + 2 * energy * h * h / (mu * mu)));
+    return -mu / (2 * energy) * (1 + e);
+}
+
+bool PathFinder::isGoalOutOfReach(const PathSample& s, double high) const {
+    const int centre = request_.centre;
+    if (std::isinf(high))
         return false;
     if (request_.goal == centre)
         return true;
-    const double h = rx * vy - ry * vx;
-    const double e = std::sqrt(std::max(0.0, 1 + 2 * energy * h * h / (mu * mu)));
-    const double high = -mu / (2 * energy) * (1 + e);
     // How near the goal may come to the centre, moving to or from it as fast as it does now: a
     // body that has just passed is still near, and is followed until it is well past.
     const int g = request_.goal;

@@ -116,13 +116,16 @@ class PathFinder {
     void stepFine();
     void stepCoarse();
     bool hits(const Game& world);
-    // Whether the craft at s, bound to the centre, stays on an orbit that keeps it from the goal:
-    // its high point within half the distance the goal may come to from the centre, moving to or
-    // from it as fast as it does now, before kApproachLook or the level's time runs out. Left alone
-    // the craft comes no nearer to the goal than it does once a turn, so its turns alone decide how
-    // far the path reaches. So it does on an orbit round the goal itself, whose low point comes
-    // once a turn.
-    bool isGoalOutOfReach(const PathSample& s) const;
+    // Whether the craft at s, on an orbit round the centre with its high point at high, is kept
+    // from the goal: its high point lies within half the distance the goal may come to from the
+    // centre, moving to or from it as fast as it does now, before kApproachLook or the level's
+    // time runs out. Left alone the craft comes no nearer to the goal than it does once a turn,
+    // so its turns alone decide how far the path reaches. So it does on an orbit round the goal
+    // itself, whose low point comes once a turn.
+    bool isGoalOutOfReach(const PathSample& s, double high) const;
+    // The high point of the craft's two-body orbit round the centre, from its distance and speed
+    // at s; infinite where it escapes.
+    double highPoint(const PathSample& s) const;
 
     PathRequest request_;
     Game fine_;   // the world at the fine path's end

@@ -95,7 +95,7 @@ TEST(PathFinder, CoarseStepsShortenAgainTowardsTheLowPoint) {
 // keeps it far from its goal (the Moon, Mars, the satellite sunwards, the station round the Moon
 // wherever it is on its orbit, an asteroid still far out) two turns are its horizon; a goal on the
 // craft's own orbit is looked for up to the level's time limit; a body falling past, until it has
-// passed.
+// passed, and so is a goal the craft passes on its way out.
 TEST(PathFinder, EveryLevelOpensWithThePathToItsHorizon) {
     ScopedFakeResources files;
     const auto days = [](const PathResult& path) {
@@ -130,6 +130,21 @@ TEST(PathFinder, EveryLevelOpensWithThePathToItsHorizon) {
     const PathResult path = findWhole(c, true, true);
     ASSERT_TRUE(path.isFar && !path.isCutShort);
     EXPECT_GT(days(path), 3.6);
+
+    // A craft leaving Earth for good past the Moon, its goal: never turning round Earth, it is
+    // far enough once the Moon lies behind.
+    Controller out;
+    flySeeded(out, 3, 1);
+    Position& craft = out.game.player.pos;
+    const Position& moon = out.game.moon.pos;
+    craft.x = moon.x - 2e8;
+    craft.y = moon.y + 8e7;
+    craft.vx = out.game.earth.pos.vx + 3e3;
+    craft.vy = out.game.earth.pos.vy;
+    const PathResult past = findWhole(out, true, true);
+    ASSERT_TRUE(past.isFar && !past.isCutShort) << days(past);
+    EXPECT_EQ(past.impactBody, -1) << days(past);
+    EXPECT_LT(days(past), 5);
 }
 
 // A path not yet found beyond the craft's place now tells of the closest approach only that it
