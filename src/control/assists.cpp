@@ -17,6 +17,13 @@ constexpr double kLargestNudge = 100.0;          // ... up to this many first st
 constexpr int kPlanRefreshTicks = 6;             // a held key asks for the plan's path this often
 constexpr double kFurthestSteps = 1000;
 constexpr double kShortestLead = 60.0; // s, the least time from now to a burn's start
+constexpr double kBurnedOut = 1e-6;    // m/s left of a burn that count as none
+
+// The least time from now to a new plan's start: a second of the player's time, a minute at the
+// least. The engine fired within it before the start begins the burn.
+double leadOf(const Controller& c) {
+    return std::max(kShortestLead, 30 * (c.ownTimeStep > 0 ? c.ownTimeStep : c.game.timeStep));
+}
 
 int targetIndex(const Controller& c) {
     const Stellar* target = targetOf(c.game, levelAt(c.level), c.isPartialObjectiveDone);
@@ -56,7 +63,7 @@ HoldKind nextHold(HoldKind now, unsigned short key) {
 // the game's thread flies whenever the plan changes.
 void keepPlanAhead(Controller& c) {
     const double now = c.game.elapsedTime;
-    const double lead = std::max(kShortestLead, 30 * c.game.timeStep);
+    const double lead = leadOf(c);
     const double reach =
         std::min(PathFinder::kLongestLook, kFurthestSteps * PathFinder::coarseStep(c.game));
     c.plan.time = std::max(std::min(c.plan.time, now + std::max(lead, reach)),
@@ -68,14 +75,18 @@ bool isPlanNudge(unsigned short key) {
            key == kKeyF9 || key == kKeyF10;
 }
 
-// One step of a key that moves or sizes the plan, grown by the ticks it has been held.
+// One step of a key that moves or sizes the plan, grown by the ticks it has been held. A move in
+// time is a tick of the player's time at the least, so that a plan months ahead moves as readily
+// as one minutes ahead.
 void nudgePlan(Controller& c, unsigned short key, int ticks) {
     BurnPlan& plan = c.plan;
     const double grown = std::min(kLargestNudge, std::pow(kNudgeGrowth, ticks));
+    const double moved =
+        std::max(kTimeNudge, c.ownTimeStep > 0 ? c.ownTimeStep : c.game.timeStep) * grown;
     if (key == kKeyHome)
-        plan.time -= kTimeNudge * grown;
+        plan.time -= moved;
     else if (key == kKeyEnd)
-        plan.time += kTimeNudge * grown;
+        plan.time += moved;
     else if (key == kKeyPageUp)
         plan.along += kSpeedNudge * grown;
     else if (key == kKeyPageDown)
@@ -173,6 +184,12 @@ void Controller::beforeWorldStep() {
         return;
     if (heldPlanKey != 0 && game.elapsedTime < plan.start(game.player))
         nudgePlan(*this, heldPlanKey, ++planKeyTicks);
+    // Fired a little before the start, the burn has begun: it is counted from here, not pushed on
+    // ahead of the craft.
+    const Player& craft = game.player;
+    if (game.running && plan.fuelAtStart < 0 && craft.isAccelerating &&
+        game.elapsedTime >= plan.start(craft) - leadOf(*this))
+        plan.fuelAtStart = craft.fuel;
     if (game.running) {
         const double cut = planTimeStep(plan, game, game.timeStep, kShortestTimeStep);
         if (cut < game.timeStep) {
@@ -202,7 +219,15 @@ void Controller::afterWorldStep() {
             plan.burned = plan.fuelAtStart - craft.fuel;
         else if (now >= start - slack)
             plan.fuelAtStart = craft.fuel;
-        if (now >= end - slack && !craft.isAccelerating && (plan.burned > 0 || now > end)) {
+        if (plan.fuelAtStart >= 0 && plan.remaining() <= kBurnedOut) {
+            // The velocity change is burned: the engine stops, whatever the pilot's reflexes under
+            // time warp, until Up is pressed again; the read-out shows nothing left for a tick,
+            // and the plan is done.
+            if (craft.isAccelerating)
+                game.player.isAccelerating = false;
+            else
+                dropPlan();
+        } else if (now >= end - slack && !craft.isAccelerating && (plan.burned > 0 || now > end)) {
             dropPlan();
         } else if (plan.fuelAtStart < 0) {
             // The path is asked for at once, a few times a second while a key sizes the plan, and

@@ -36,6 +36,13 @@ double planTimeStep(const BurnPlan& plan, const Game& game, double own, double s
     const double start = plan.start(craft);
     const double end = plan.end(craft);
     const double burnStep = std::max(plan.duration(craft) / kBurnSteps, shortest);
+    if (plan.fuelAtStart >= 0) {
+        // Burning, begun on time or a little early: with the engine on, the tick ends where the
+        // velocity change left runs out.
+        const double rate = craft.throttle * craft.acceleration;
+        const double out = craft.isAccelerating && rate > 0 ? plan.remaining() / rate : own;
+        return std::min({own, burnStep, std::max(out, 1e-6)});
+    }
     if (now < start) {
         const double left = start - now;
         const double warned = std::max(left / kWarningShare, burnStep);

@@ -36,7 +36,8 @@ PathBurn pathBurnOf(const BurnPlan& plan, const Player& craft);
 
 // The time step a tick may take while a plan waits ahead or burns, s: the player's own, cut so
 // that the pilot sees the start coming (a sixtieth of the time left, some two seconds ahead), the
-// tick ends at the start and at the end, and the burn takes some sixty ticks.
+// tick ends at the start, at the end and where the engine has burned the velocity change, and the
+// burn takes some sixty ticks.
 double planTimeStep(const BurnPlan& plan, const Game& game, double own, double shortest);
 
 // The path of a planned burn, from its start: looked for on a worker thread as the aids' path is

@@ -18,6 +18,8 @@ void Controller::findPlanAids() {
     a.timeToStart = plan.start(craft) - game.elapsedTime;
     a.isBurning = plan.fuelAtStart >= 0;
     a.fuelAfter = std::max(0.0, craft.fuel - a.remaining) / craft.acceleration / craft.throttle;
+    a.along = plan.along;
+    a.across = plan.across;
 
     const int reference = std::max(0, bodyIndex(game, drawView.viewTarget));
     const auto offsetOf = [reference](const PathSample& s) {

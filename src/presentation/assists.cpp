@@ -5,6 +5,7 @@
 #include "presentation/format.h"
 #include "presentation/nav_parts.h"
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,16 @@ std::string heightText(const NavMark& mark, const char* body) {
     return mark.value < 0 ? "below the surface of " + inSentence(body) : formatDist(mark.value);
 }
 
+// Which way a planned burn pushes, in words: a velocity change along the motion below zero is one
+// against it.
+std::string directionText(const AssistAids& a) {
+    std::string text = (a.along < 0 ? "Against the Motion: " : "Along the Motion: ") +
+                       speedText(std::abs(a.along));
+    if (a.across != 0)
+        text += (a.across < 0 ? ", Radial In: " : ", Radial Out: ") + speedText(std::abs(a.across));
+    return text;
+}
+
 // The assists' lines, under the display's right column and in its rhythm of 12 points, clear of
 // the fuel gauge, each on its plate. They are noted as texts drawn, so the aids' labels keep off
 // them.
@@ -38,6 +49,7 @@ void drawReadOuts(DrawView& view, Canvas& canvas, const AssistAids& a) {
         } else {
             lines.push_back("Planned Burn: " + speedText(a.remaining) + " for " +
                             formatTime(a.duration));
+            lines.push_back(directionText(a));
             lines.push_back("Burn Starts In: " + formatTime(a.timeToStart));
         }
         lines.push_back("Fuel After Burn: " + formatTime(a.fuelAfter));
@@ -51,10 +63,9 @@ void drawReadOuts(DrawView& view, Canvas& canvas, const AssistAids& a) {
         const NavApproach& approach = a.approach;
         if (approach.isShown)
             lines.push_back(std::string("Planned Closest to ") + approach.name + ": " +
-                            (approach.isBeyondPath
-                                 ? std::string("beyond the path")
-                                 : formatDist(approach.value) + inHowLong(approach.time) + " at " +
-                                       speedText(approach.speed)));
+                            (approach.isBeyondPath ? std::string("beyond the path")
+                                                   : gapText(approach) + inHowLong(approach.time) +
+                                                         " at " + speedText(approach.speed)));
         if (a.impact.isShown)
             lines.push_back(std::string("Planned Impact on ") + a.impact.name);
     }

@@ -17,6 +17,8 @@ struct AssistAids {
     double duration = 0;      // s, at the present throttle
     double timeToStart = 0;   // s
     double fuelAfter = 0;     // s of burning at the present throttle left after the burn
+    double along = 0;         // m/s of the velocity change along the motion (below zero: against)
+    double across = 0;        // m/s radial out (below zero: in)
     std::vector<Offset> burn; // the burn's places
     std::vector<Offset> path; // then the path after it
     bool hasOrbit = false;

@@ -79,8 +79,8 @@ void placeNotes(Scene& s) {
         lines.emplace_back(std::string("Closest to ") + approach.name + ": " +
                                (approach.isBeyondPath
                                     ? std::string("beyond the path")
-                                    : formatDist(approach.value) + inHowLong(approach.time) +
-                                          " at " + speedText(approach.speed)),
+                                    : gapText(approach) + inHowLong(approach.time) + " at " +
+                                          speedText(approach.speed)),
                            kTargetColor);
     if (aids.impact.isShown)
         lines.emplace_back(std::string("Impact on ") + aids.impact.name +
@@ -192,6 +192,10 @@ namespace nav {
 
 std::string inHowLong(double time) {
     return time >= 0 ? " in " + formatTime(time) : "";
+}
+
+std::string gapText(const NavApproach& approach) {
+    return approach.value < 0 ? std::string("contact") : formatDist(approach.value);
 }
 
 std::string inSentence(const char* name) {

@@ -150,5 +150,7 @@ void drawPlanParts(Canvas& canvas, const DrawView& view, const AssistAids& assis
 std::string inHowLong(double time);
 // A name in the middle of a sentence: "The Moon" reads "the Moon", the craft "you".
 std::string inSentence(const char* name);
+// The gap at a closest approach; where the two touch, "contact" rather than a gap below zero.
+std::string gapText(const NavApproach& approach);
 
 } // namespace apsis::nav

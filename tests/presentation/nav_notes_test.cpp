@@ -34,6 +34,10 @@ TEST(NavAidsDrawing, NotesInPlainWords) {
          },
          "Closest to Satellite: " + formatDist(1234) + " in " + formatTime(600) + " at 7.50m/s",
          ""},
+        {[](NavAids& a) { // a path into the goal
+             a.approach = {{true, {}, -11415.8, 86400, "Mars"}, {}, 2260, false};
+         },
+         "Closest to Mars: contact in " + formatTime(86400) + " at 2.26km/s", ""},
         {[](NavAids& a) { a.phase = {true, {}, {}, {}, 2.0944, "The Moon", "You", "Earth"}; },
          "The Moon ahead of you round Earth: 120\u00b0", ""},
         {[](NavAids& a) { a.phase = {true, {}, {}, {}, 0.7854, "Mars", "Earth", "The Sun"}; },
@@ -80,11 +84,23 @@ TEST(NavAidsDrawing, PlanReadOutsInPlainWords) {
     plan.high = {true, f.at(100, 300), 1027e3, 600, ""};
     plan.low = {true, f.at(700, 300), -571803.4, 900, ""};
     plan.approach = {{true, f.at(500, 500), 1234, 3600, "Station"}, {}, 12.5, false};
+    plan.along = -199.82;
     drawAssists(f.h.view, plan, nullptr);
     EXPECT_TRUE(f.hasAidText("Planned High: " + formatDist(1027e3) +
                              " Low: below the surface of the Moon"));
     EXPECT_TRUE(f.hasAidText("Planned Closest to Station: " + formatDist(1234) + " in " +
                              formatTime(3600) + " at 12.50m/s"));
+    EXPECT_TRUE(f.hasAidText("Against the Motion: 199.82m/s"));
+
+    // A plan that runs into its target touches it: no gap below zero, and which way it pushes.
+    AidsFrame g;
+    plan.approach.value = -11415.8;
+    plan.along = 30;
+    plan.across = -4;
+    drawAssists(g.h.view, plan, nullptr);
+    EXPECT_TRUE(g.hasAidText("Planned Closest to Station: contact in " + formatTime(3600) +
+                             " at 12.50m/s"));
+    EXPECT_TRUE(g.hasAidText("Along the Motion: 30.00m/s, Radial In: 4.00m/s"));
 }
 
 } // namespace
