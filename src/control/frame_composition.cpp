@@ -24,6 +24,7 @@ void Controller::drawRect() {
         drawView.drawChoice(level, game.difficulty);
         break;
     case MODE_PLAY:
+        drawView.isPlatingReadOuts = isShowingNavAids;
         // The overlays exclude one another; a running countdown comes first.
         if (isCountingDown)
             drawView.drawCountDown(countDownTime, game);

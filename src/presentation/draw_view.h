@@ -33,6 +33,7 @@ struct DrawView {
     // view, view points: the aids keep their labels clear of them.
     std::vector<Rect> textsDrawn;
     double craftRadius = 0.0; // points, half the width the last flight scene drew the craft at
+    bool isPlatingReadOuts = false; // the aids are on: the flight read-outs sit on plates too
 
     DrawView(double viewScale, const Position& center, const Stellar& target);
 

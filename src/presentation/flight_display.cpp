@@ -3,6 +3,7 @@
 #include "presentation/draw_view.h"
 #include "presentation/drawing.h"
 #include "presentation/format.h"
+#include "presentation/nav_parts.h"
 #include "world/game.h"
 
 #include <cmath>
@@ -41,11 +42,19 @@ void drawZoomIndicator(Canvas& canvas, const DrawView& view) {
     canvas.strokePath(outline, grey);
 }
 
-// A text whose right end stands 10 points from the right edge.
+// A read-out, on a plate of its own while the aids are on, so that it stays legible over a bright
+// planet as theirs do.
+void drawReadOut(Canvas& canvas, const DrawView& view, const std::string& text, double x,
+                 double y) {
+    if (view.isPlatingReadOuts)
+        nav::drawLinePlate(canvas, x, y, canvas.measureText(text, kDisplayStyle), false);
+    canvas.drawText(text, toPoint(x, y), kDisplayStyle);
+}
+
+// A read-out whose right end stands 10 points from the right edge.
 void drawRightAligned(Canvas& canvas, const DrawView& view, const std::string& text, double y) {
     const Size size = canvas.measureText(text, kDisplayStyle);
-    canvas.drawText(text, toPoint(view.viewWidth - static_cast<double>(size.width) - 10, y),
-                    kDisplayStyle);
+    drawReadOut(canvas, view, text, view.viewWidth - static_cast<double>(size.width) - 10, y);
 }
 
 // A double-headed arrow across the bottom, labelled with the width of the world in view.
@@ -111,16 +120,15 @@ void DrawView::drawGame(Game& game) {
     std::string elapsed = "Elapsed Time: " + formatTime(game.elapsedTime);
     if (game.timeLimit != 0)
         elapsed += " / " + formatFixedTime(game.timeLimit);
-    canvas->drawText(elapsed, toPoint(10, h - 22), kDisplayStyle);
-    canvas->drawText("Time Factor: " + formatTime(30 * game.timeStep) + " to 1s",
-                     toPoint(10, h - 34), kDisplayStyle);
-    canvas->drawText("Speed Relative to " + targetName + ": " +
-                         formatVelDiff(p.pos, viewTarget.pos),
-                     toPoint(10, h - 58), kDisplayStyle);
+    drawReadOut(*canvas, *this, elapsed, 10, h - 22);
+    drawReadOut(*canvas, *this, "Time Factor: " + formatTime(30 * game.timeStep) + " to 1s", 10,
+                h - 34);
+    drawReadOut(*canvas, *this,
+                "Speed Relative to " + targetName + ": " + formatVelDiff(p.pos, viewTarget.pos), 10,
+                h - 58);
     // The gap between the two collision spheres: negative when they overlap.
     const double gap = std::sqrt(sqDist(p.pos, viewTarget.pos)) - viewTarget.cRadius - p.cRadius;
-    canvas->drawText("Distance to " + targetName + ": " + formatDist(gap), toPoint(10, h - 70),
-                     kDisplayStyle);
+    drawReadOut(*canvas, *this, "Distance to " + targetName + ": " + formatDist(gap), 10, h - 70);
 
     drawScaleBar(*canvas, *this);
 
