@@ -161,6 +161,67 @@ TEST(Assists, APlanFlownAsPlannedStaysOnItsPath) {
     }
 }
 
+// The last kilometres of a docking, flown with the keys as a pilot would, judging by what the
+// display shows: 3 km from the station round the Moon and drifting, the pilot cancels the drift
+// with the hold against the motion relative to it, turns towards it with the other hold, fires
+// for a closing speed that shrinks with the distance, coasts, and does it again; the last metres
+// at 5 cm/s. The station is touched below 0.1 m/s: the level is complete.
+TEST(Assists, TheTargetHoldsDockAtTheStation) {
+    ScopedFakeResources files;
+    Controller c;
+    flySeeded(c, 6, 3);
+    Game& g = c.game;
+    Position& craft = g.player.pos;
+    const Position& station = g.station.pos;
+    craft.x = station.x + 2500;
+    craft.y = station.y - 1500;
+    craft.vx = station.vx + 4;
+    craft.vy = station.vy + 3;
+    g.timeStep = 0.5;
+    g.player.throttle = 0.1;
+    const auto gap = [&] {
+        return std::sqrt(sqDist(craft, station)) - g.station.cRadius - g.player.cRadius;
+    };
+    const auto closing = [&] { // m/s towards the station
+        const double d = std::sqrt(sqDist(craft, station));
+        return ((station.x - craft.x) * (craft.vx - station.vx) +
+                (station.y - craft.y) * (craft.vy - station.vy)) /
+               d;
+    };
+    int ticks = 0;
+    MODE ended = MODE_PLAY; // the flight's end, before a key of the pilot's passes it by
+    const auto flying = [&] {
+        if (ended == MODE_PLAY)
+            ended = c.mode;
+        return ended == MODE_PLAY && ++ticks < 40000;
+    };
+    const auto hold = [&](HoldKind kind) {
+        for (int i = 0; i < 3 && g.hold.kind != kind; ++i)
+            play::press(c, kKeyF5);
+        while (flying() && angleOff(g) > kPi / 180)
+            c.doFrame();
+    };
+    const auto fireUntil = [&](const auto& isDone) {
+        c.keyDown(kKeyUp);
+        while (flying() && !isDone())
+            c.doFrame();
+        c.keyUp(kKeyUp);
+    };
+    while (flying() && gap() > 0) {
+        const double wanted = std::clamp(gap() / 300, 0.05, 5.0); // m/s
+        hold(HoldKind::AgainstTargetMotion);
+        fireUntil([&] { return velDiff(craft, station) < 0.2 * wanted; });
+        hold(HoldKind::TowardsTarget);
+        fireUntil([&] { return closing() >= wanted; });
+        // Coast over half the way, or the whole of the last metres.
+        const double until = gap() < 20 ? 0 : gap() / 2;
+        while (flying() && gap() > until)
+            c.doFrame();
+    }
+    EXPECT_EQ(ended, MODE_LEVEL_COMPLETE)
+        << gap() << " m, " << velDiff(craft, station) << " m/s after " << ticks << " ticks";
+}
+
 // While a plan waits ahead under time warp, the time step shrinks at every tick towards the burn;
 // the aids' path is looked for again a few times a second then, not at every tick.
 TEST(Assists, AStepCutByAPlanIsNoReasonToLookForThePathAtEveryTick) {
