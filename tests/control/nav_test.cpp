@@ -12,23 +12,6 @@
 namespace apsis {
 namespace {
 
-// Whether every line of base comes in over, in the same order.
-bool isAddedTo(const std::string& base, const std::string& over) {
-    std::size_t from = 0;
-    for (std::size_t line = 0; line < base.size();) {
-        const std::size_t end = base.find('\n', line);
-        const std::string call = base.substr(line, end - line + 1);
-        std::size_t at = over.find(call, from);
-        while (at != std::string::npos && at > 0 && over[at - 1] != '\n')
-            at = over.find(call, at + 1); // a whole line of over, not the end of one
-        if (at == std::string::npos)
-            return false;
-        from = at + call.size();
-        line = end == std::string::npos ? base.size() : end + 1;
-    }
-    return true;
-}
-
 // Two flights with the same keys, one of them with the aids turned on for a while and off again:
 // the off flight draws what the game always drew, and the aids, while on, only add to it (plates
 // under the read-outs, their own marks over the scene). The assists taken up and let go again

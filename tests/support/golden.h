@@ -15,4 +15,8 @@ void expectMatchesGolden(const std::string& name, const std::string& text);
 // The recorded calls, one a line, numbers to a hundredth, pictures by their file name.
 std::string callsAsText(const RecordingCanvas& canvas, const FakeResources& files);
 
+// Whether every line of base comes in over as a whole line, in the same order: what over draws
+// adds to base and changes nothing of it.
+bool isAddedTo(const std::string& base, const std::string& over);
+
 } // namespace apsis
