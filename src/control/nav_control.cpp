@@ -16,7 +16,7 @@ void Controller::toggleNavAids() {
 // After the world step and the camera: the path is extended or found again, and what the aids
 // show is worked out here, once, rather than in each of the window's two passes over a frame.
 void Controller::updateNavAids() {
-    navPrediction.update(game, level, isPartialObjectiveDone, drawView.viewTarget, ownTimeStep > 0);
+    navPrediction.update(game, level, isPartialObjectiveDone, drawView.viewTarget, ownTimeStep);
     navAids = navPrediction.aids(game, level, isPartialObjectiveDone, drawView.viewTarget);
 }
 

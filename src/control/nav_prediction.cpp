@@ -52,14 +52,16 @@ void NavPrediction::clear() {
     goal_ = -1;
 }
 
-void NavPrediction::request(const Game& game, int level, int centre, int goal) {
+void NavPrediction::request(const Game& game, int level, int centre, int goal, double ownStep) {
     PathRequest ask{game, level, centre, goal, std::nullopt};
-    // Every key let go.
+    // Every key let go, and the time step the player's own, which it is again after the plan.
     ask.world.player.isTurningLeft = false;
     ask.world.player.isTurningRight = false;
     ask.world.player.isAccelerating = false;
+    if (ownStep > 0)
+        ask.world.timeStep = ownStep;
     level_ = level;
-    timeStep_ = game.timeStep;
+    timeStep_ = ask.world.timeStep;
     centre_ = centre;
     goal_ = goal;
     ticksSinceRequest_ = 0;
@@ -89,7 +91,8 @@ const PathResult* NavPrediction::found() const {
 }
 
 void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveDone,
-                           const Stellar& followed, bool isStepCut) {
+                           const Stellar& followed, double ownStep) {
+    const bool isStepCut = ownStep > 0;
     ++ticksSinceRequest_;
     if (isThreaded_)
         takeLatest();
@@ -97,9 +100,9 @@ void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveD
         finder_->advance(kStepsPerTick, start_);
     const int centre = orbitCentreOf(game, followed);
     const int goal = goalOf(game, level, isPartialObjectiveDone);
-    // A step cut short by a plan ahead shrinks at every tick: the path is kept, as if the step
-    // were the one it was found with, and looked for again only a few times a second.
-    const bool isAsked = level == level_ && (game.timeStep == timeStep_ || isStepCut) &&
+    // A step cut short by a plan ahead shrinks at every tick: the path is found at the player's
+    // own step, which the world takes again after the plan, and followed by the clock meanwhile.
+    const bool isAsked = level == level_ && (isStepCut ? ownStep : game.timeStep) == timeStep_ &&
                          centre == centre_ && goal == goal_;
     // The world takes at most one step a tick: it stands at the place it stood at the last tick,
     // or a later one no further on than the ticks since the path was asked for, or the path no
@@ -115,6 +118,15 @@ void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveD
             if (isSame(path->fine[k], game)) {
                 start_ = k;
                 follows = true;
+            }
+        }
+        // In steps of another length the world goes the path's way only nearly: it stands at the
+        // last place it has reached by the clock, while the fine path reaches that far.
+        for (std::size_t k = start_; isStepCut && !follows && k < path->fine.size(); ++k) {
+            if (path->fine[k].elapsed > game.elapsedTime) {
+                follows = k > 0;
+                start_ = k > 0 ? k - 1 : start_;
+                break;
             }
         }
         isLost = !follows && (path->fine.size() > reach || path->isComplete ||
@@ -139,7 +151,7 @@ void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveD
     const bool isChanging = isHeld || isStepCut;
     if (isLetGo || isBehind ||
         (isLost && (!isAsked || !isChanging || ticksSinceRequest_ >= kRefreshTicks)))
-        request(game, level, centre, goal);
+        request(game, level, centre, goal, ownStep);
 }
 
 void NavPrediction::settle() {

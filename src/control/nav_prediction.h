@@ -25,10 +25,11 @@ class NavPrediction {
                                             // this often: five times a second
 
     void useWorkerThread(bool isUsed) { isThreaded_ = isUsed; }
-    // Once per flight tick, after the world step and the camera. isStepCut: a plan ahead has cut
-    // the time step, which then changes at every tick without the player asking.
+    // Once per flight tick, after the world step and the camera. ownStep: where a plan ahead has
+    // cut the time step, which then changes at every tick without the player asking, the
+    // player's own (s); 0 where it is not cut.
     void update(const Game& game, int level, bool isPartialObjectiveDone, const Stellar& followed,
-                bool isStepCut = false);
+                double ownStep = 0);
     // Drops the path and stops the worker.
     void clear();
     // Waits until the path is complete (tests and tools).
@@ -45,7 +46,7 @@ class NavPrediction {
     int requests() const { return requests_; } // how often the path was looked for afresh
 
   private:
-    void request(const Game& game, int level, int centre, int goal);
+    void request(const Game& game, int level, int centre, int goal, double ownStep);
     // Takes what the worker has found for the latest request, if anything.
     void takeLatest();
 
