@@ -209,10 +209,11 @@ bool PathFinder::advance(int steps, std::size_t world) {
                 break;
             const bool isFar = fineHorizon_.check(result_.fine, *this);
             if (!hasCoarse_) {
-                const bool isLimit = result_.fine.size() > kMostFineSteps ||
-                                     result_.fine.back().elapsed - start >= kLongestLook;
-                result_.isComplete = result_.isFar = isFar || isLimit;
-                result_.isCutShort = !isFar && isLimit;
+                // The longest look is the horizon's own end; a count of steps cuts it short.
+                const bool isLongest = result_.fine.back().elapsed - start >= kLongestLook;
+                const bool isLimit = result_.fine.size() > kMostFineSteps;
+                result_.isComplete = result_.isFar = isFar || isLongest || isLimit;
+                result_.isCutShort = !isFar && !isLongest && isLimit;
             } else if (isFar) {
                 result_.coarse.clear();
                 result_.isComplete = result_.isFar = true;
@@ -232,10 +233,10 @@ bool PathFinder::advance(int steps, std::size_t world) {
             stepCoarse();
             const bool isImpact = hits(coarse_);
             const bool isFar = coarseHorizon_.check(result_.coarse, *this);
-            const bool isLimit = result_.coarse.size() > kMostCoarseSteps ||
-                                 result_.coarse.back().elapsed - start >= kLongestLook;
-            if (isImpact || isFar || isLimit) {
-                result_.isCutShort = !isImpact && !isFar;
+            const bool isLongest = result_.coarse.back().elapsed - start >= kLongestLook;
+            const bool isLimit = result_.coarse.size() > kMostCoarseSteps;
+            if (isImpact || isFar || isLongest || isLimit) {
+                result_.isCutShort = !isImpact && !isFar && !isLongest;
                 result_.isFar = true;
                 stage_ = Stage::Fill;
             }

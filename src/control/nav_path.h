@@ -66,11 +66,11 @@ struct PathResult {
 // Looks ahead from one request, a given number of world steps at a time, so that the work can be
 // spread over ticks or done on a thread of its own. The path reaches two turns round its centre,
 // or an impact, and for a goal also its closest approach, unless the craft's orbit keeps it far
-// from the goal or the approach lies beyond the level's time limit; it stops short at
-// kLongestLook, or after kMostCoarseSteps.
+// from the goal or the approach lies beyond the level's time limit. Its horizon ends at
+// kLongestLook at the latest; a path that reaches kMostCoarseSteps first is cut short.
 class PathFinder {
   public:
-    static constexpr double kLongestLook = 400 * 86400.0; // s of simulated time ahead, at most
+    static constexpr double kLongestLook = 400 * 86400.0; // s: the horizon's cap in time
     // s: a goal that cannot come near the craft's orbit within a month at the speed it moves to or
     // from the centre now is out of its reach (Mars from a low orbit round Earth); an asteroid
     // falling past is not.

@@ -1,6 +1,7 @@
 #include "control/nav_findings.h"
 #include "control/nav_path.h"
 #include "control/play.h"
+#include "physics/numeric.h"
 #include "support/fake_resources.h"
 #include "world/bodies.h"
 #include "world/levels.h"
@@ -91,12 +92,12 @@ TEST(PathFinder, CoarseStepsShortenAgainTowardsTheLowPoint) {
     }
 }
 
-// At every level's opening the path reaches its horizon, not a limit. Where the craft's orbit
-// keeps it far from its goal (the Moon, Mars, the satellite sunwards, the station round the Moon
-// wherever it is on its orbit, an asteroid still far out) two turns are its horizon; a goal on the
-// craft's own orbit is looked for up to the level's time limit; a body falling past, until it has
-// passed, and so is a goal the craft passes on its way out.
-TEST(PathFinder, EveryLevelOpensWithThePathToItsHorizon) {
+// The path reaches its horizon, not a limit, at every level's opening and far out. Where the
+// craft's orbit keeps it far from its goal (the Moon, Mars, the satellite sunwards, the station
+// round the Moon wherever it is on its orbit, an asteroid still far out) two turns are its horizon;
+// a goal on the craft's own orbit is looked for up to the level's time limit; a body falling past,
+// until it has passed, and so is a goal the craft passes on its way out.
+TEST(PathFinder, ThePathReachesItsHorizonNotALimit) {
     ScopedFakeResources files;
     const auto days = [](const PathResult& path) {
         const PathSample& end = path.coarse.empty() ? path.fine.back() : path.coarse.back();
@@ -145,6 +146,24 @@ TEST(PathFinder, EveryLevelOpensWithThePathToItsHorizon) {
     ASSERT_TRUE(past.isFar && !past.isCutShort) << days(past);
     EXPECT_EQ(past.impactBody, -1) << days(past);
     EXPECT_LT(days(past), 5);
+
+    // A craft on its own round the Sun, Mars on the far side: the path looks ahead as far as its
+    // cap in time, which is its horizon, not a limit that cut it short.
+    Controller alone;
+    flySeeded(alone, 7, 1);
+    alone.drawView.viewTarget = alone.game.sun;
+    Position& lone = alone.game.player.pos;
+    const Position& sun = alone.game.sun.pos;
+    const Position& far = alone.game.mars.pos;
+    const double away = std::atan2(far.y - sun.y, far.x - sun.x) + kPi;
+    const double speed = std::sqrt(G * alone.game.sun.mass / 2e11);
+    lone.x = sun.x + 2e11 * std::cos(away);
+    lone.y = sun.y + 2e11 * std::sin(away);
+    lone.vx = sun.vx - speed * std::sin(away);
+    lone.vy = sun.vy + speed * std::cos(away);
+    const PathResult longest = findWhole(alone, true, true);
+    ASSERT_TRUE(longest.isFar && !longest.isCutShort) << days(longest);
+    EXPECT_GE(days(longest), PathFinder::kLongestLook / 86400);
 }
 
 // A path not yet found beyond the craft's place now tells of the closest approach only that it
