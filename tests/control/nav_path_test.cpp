@@ -95,8 +95,9 @@ TEST(PathFinder, CoarseStepsShortenAgainTowardsTheLowPoint) {
 // The path reaches its horizon, not a limit, at every level's opening and far out. Where the
 // craft's orbit keeps it far from its goal (the Moon, Mars, the satellite sunwards, the station
 // round the Moon wherever it is on its orbit, an asteroid still far out) two turns are its horizon;
-// a goal on the craft's own orbit is looked for up to the level's time limit; a body falling past,
-// until it has passed, and so is a goal the craft passes on its way out.
+// a goal on the craft's own orbit is looked for up to the level's time limit; a body falling past
+// or passed on the way out, until it lies behind; and far out round the Sun, the path looks ahead
+// as far as its cap in time.
 TEST(PathFinder, ThePathReachesItsHorizonNotALimit) {
     ScopedFakeResources files;
     const auto days = [](const PathResult& path) {
