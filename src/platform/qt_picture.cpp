@@ -141,7 +141,7 @@ QtPicture::Pixels QtPicture::pixels(const QRectF& from, double density) const {
     if (file >= 0) {
         // A sheet's frames run row by row: of a band, the next one is decoded ahead, so that a
         // turning body does not go blurred for a moment as it moves on to the next row; but not
-        // the bands of the largest sheet at its own size, which would hold 10 MB more.
+        // the bands of the largest sheets at their own size, which would hold 13 MB more.
         const std::shared_ptr<Decode> band = levelFor(file, wanted, from, true).decode;
         if (band->lines < band->size.height()) {
             std::shared_ptr<Decode> ahead;
