@@ -16,6 +16,11 @@ constexpr qint64 kAheadLimit = qint64{2} * 1024 * 1024; // pixels of a band deco
 // What was not drawn in this many redraws is let go; they are looked over every kSweep redraws.
 constexpr int kUnusedRedraws = 45;
 constexpr int kSweep = 15;
+// The most the pictures hold decoded, their coarsest sizes aside, once a new size is asked for:
+// past it, what was drawn longest ago goes at once, not a few seconds later. A new level would
+// otherwise hold the last one's large pictures beside its own. What was drawn in this redraw or
+// the one before always stays: the craft and the station drawn close hold 22.5 MB.
+constexpr qint64 kHeldLimit = qint64{24} * 1024 * 1024; // bytes
 
 int gRedraw = 0; // redraws begun, on the drawing thread
 
@@ -26,21 +31,33 @@ std::vector<const QtPicture*>& pictures() {
     return *all;
 }
 
+qint64 bytesOf(const QtPicture::Decode& d) {
+    return qint64{d.size.width()} * d.lines * 4;
+}
+
 // The lines of a picture at size that a draw of from (in pixels of the picture's own size
-// `own`) reads: first to last, last excluded.
+// `own`) reads: first to last, last excluded. A draw's edge that strays over a line's boundary by
+// a rounding error, as one cut to the view can, does not read the line: it would cost a second
+// band, 13 MB for the craft's sheet at its own size.
 std::pair<int, int> linesOf(const QRectF& from, QSize size, QSize own) {
+    constexpr double kSliver = 1e-6; // of a line
     const double scale = static_cast<double>(size.height()) / own.height();
-    const int first =
-        std::clamp(static_cast<int>(std::floor(from.top() * scale)), 0, size.height() - 1);
-    const int last =
-        std::clamp(static_cast<int>(std::ceil(from.bottom() * scale)), first + 1, size.height());
+    const int first = std::clamp(static_cast<int>(std::floor(from.top() * scale + kSliver)), 0,
+                                 size.height() - 1);
+    const int last = std::clamp(static_cast<int>(std::ceil(from.bottom() * scale - kSliver)),
+                                first + 1, size.height());
     return {first, last};
 }
 
-// The sizes a file decodes to cheaply: its own, and JPEG's halves, quarters and eighths.
+// The sizes a file decodes to cheaply: its own, and JPEG's halves, quarters and eighths; a GIF,
+// which our own reader scales as it decodes, also a sixteenth: its coarsest size is held for as
+// long as the picture, and the craft's sheet at an eighth would hold 1.6 MB of it.
 std::vector<QSize> sizesOf(const PictureFile& file) {
     std::vector<QSize> sizes;
-    for (const int reduction : {8, 4, 2, 1}) {
+    const bool gif = file.path.extension() == ".gif";
+    for (const int reduction : {16, 8, 4, 2, 1}) {
+        if (reduction == 16 && !gif)
+            continue;
         const QSize size(file.size.width() / reduction, file.size.height() / reduction);
         if (size.width() * reduction == file.size.width() &&
             size.height() * reduction == file.size.height() && !size.isEmpty())
@@ -85,14 +102,18 @@ QtPicture::Level& QtPicture::levelFor(int file, QSize size, const QRectF& from, 
     const auto& path = files_[static_cast<std::size_t>(file)].path;
     for (Level& level : levels_) {
         const Decode& d = *level.decode;
-        if (d.file.path == path && d.size == size && d.top <= first && d.top + d.lines >= last)
+        if (d.file.path == path && d.size == size && d.top <= first && d.top + d.lines >= last) {
+            level.lastUsed = gRedraw;
             return level;
+        }
     }
     auto d = std::make_shared<Decode>();
     d->file = files_[static_cast<std::size_t>(file)];
     d->size = size;
     d->top = top;
     d->lines = bottom - top;
+    if (!levels_.empty())
+        makeRoomFor(bytesOf(*d));
     if (queue)
         decoding::queue(d);
     levels_.push_back({d, gRedraw});
@@ -123,15 +144,17 @@ QtPicture::Pixels QtPicture::pixels(const QRectF& from, double density) const {
     if (file >= 0) {
         // A sheet's frames run row by row: of a band, the next one is decoded ahead, so that a
         // turning body does not go blurred for a moment as it moves on to the next row; but not
-        // the bands of the largest sheet at its own size, which would hold 10 MB more.
+        // the bands of the largest sheets at their own size, which would hold 13 MB more.
         const std::shared_ptr<Decode> band = levelFor(file, wanted, from, true).decode;
-        if (band->lines < band->size.height() &&
-            qint64{band->size.width()} * band->lines <= kAheadLimit) {
-            const int end = band->top + band->lines;
-            const int next = end < band->size.height() ? end : 0;
-            const double scale = static_cast<double>(size_.height()) / band->size.height();
-            const std::shared_ptr<Decode> ahead =
-                levelFor(file, wanted, QRectF(0.0, (next + 0.5) * scale, 1.0, 0.0), true).decode;
+        if (band->lines < band->size.height()) {
+            std::shared_ptr<Decode> ahead;
+            if (qint64{band->size.width()} * band->lines <= kAheadLimit) {
+                const int end = band->top + band->lines;
+                const int next = end < band->size.height() ? end : 0;
+                const double scale = static_cast<double>(size_.height()) / band->size.height();
+                ahead = levelFor(file, wanted, QRectF(0.0, (next + 0.5) * scale, 1.0, 0.0), true)
+                            .decode;
+            }
             // The other bands of this size hold none of the lines drawn: they go now, not after
             // a few seconds of holding a sheet's worth of bands.
             levels_.erase(std::remove_if(levels_.begin() + 1, levels_.end(),
@@ -142,10 +165,6 @@ QtPicture::Pixels QtPicture::pixels(const QRectF& from, double density) const {
                                                     l.decode != band && l.decode != ahead;
                                          }),
                           levels_.end());
-            for (Level& l : levels_) {
-                if (l.decode == ahead)
-                    l.lastUsed = gRedraw;
-            }
         }
         Level& level = levelFor(file, wanted, from, true);
         level.lastUsed = gRedraw;
@@ -201,6 +220,35 @@ bool QtPicture::letGoOfUnused(int before) const {
                                      [before](const Level& l) { return l.lastUsed < before; }),
                       levels_.end());
     return levels_.size() < held;
+}
+
+void QtPicture::makeRoomFor(qint64 bytes) {
+    qint64 held = bytes;
+    for (const QtPicture* picture : pictures()) {
+        for (std::size_t i = 1; i < picture->levels_.size(); ++i)
+            held += bytesOf(*picture->levels_[i].decode);
+    }
+    bool letGo = false;
+    while (held > kHeldLimit) {
+        const QtPicture* owner = nullptr;
+        std::size_t oldest = 0;
+        for (const QtPicture* picture : pictures()) {
+            const auto& levels = picture->levels_;
+            for (std::size_t i = 1; i < levels.size(); ++i) {
+                if (levels[i].lastUsed < (owner ? owner->levels_[oldest].lastUsed : gRedraw - 1)) {
+                    owner = picture;
+                    oldest = i;
+                }
+            }
+        }
+        if (owner == nullptr)
+            break;
+        held -= bytesOf(*owner->levels_[oldest].decode);
+        owner->levels_.erase(owner->levels_.begin() + static_cast<std::ptrdiff_t>(oldest));
+        letGo = true;
+    }
+    if (letGo)
+        decoding::giveBackFreedMemory();
 }
 
 unsigned QtPicture::decodesDone() {

@@ -74,6 +74,9 @@ class QtPicture final : public Picture {
     Level& levelFor(int file, QSize size, const QRectF& from, bool queue) const;
     // Lets go of the sizes last drawn before the given redraw; whether there were any.
     bool letGoOfUnused(int before) const;
+    // Lets go of the sizes of every picture drawn longest ago, none drawn in this redraw or the
+    // one before, until what they hold and bytes more are within the budget.
+    static void makeRoomFor(qint64 bytes);
 
     QSize size_;
     std::vector<PictureFile> files_;

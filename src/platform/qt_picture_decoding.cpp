@@ -1,5 +1,6 @@
 #include "platform/qt_picture_decoding.h"
 
+#include "platform/qt_gif_reader.h"
 #include "platform/qt_resources.h"
 
 #include <condition_variable>
@@ -27,7 +28,14 @@ void decode(QtPicture::Decode& d) {
     // Read as it is decoded: a sheet's file need not be held whole beside its pixels.
     const std::unique_ptr<QFile> file = openFile(d.file.path, QtResources::kPictureFileLimit, why);
     QImage image;
-    if (file) {
+    // GIFs by our own reader, which keeps only the lines asked for: Qt's decodes a whole sheet
+    // before it cuts or scales it, a hundred megabytes for the craft's. What it leaves to Qt's
+    // is read again from the start.
+    const GifLines gif =
+        file ? readGifLines(*file, d.file.size, d.size, d.top, d.lines) : GifLines{};
+    if (!gif.unusual) {
+        image = gif.image;
+    } else if (file->seek(0)) {
         QImageReader reader(file.get());
         if (reader.size() == d.file.size) {
             const QRect band(0, d.top, d.size.width(), d.lines);

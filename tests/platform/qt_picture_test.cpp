@@ -90,6 +90,9 @@ TEST_F(QtPictureTest, AFrameDecodedAtTheSizeDrawnIsTheFrameOfTheWholeSheetScaled
             EXPECT_LT(meanDifference(part, scaled), reduction == 1 ? 0.01 : 3.0);
         }
     }
+    // A frame cut to the view may end a rounding error past its last line: one band still holds it.
+    EXPECT_EQ(drawn(picture, QRectF(0, 320, 320, 320 + 1e-9), 1.0).height(), 320);
+    EXPECT_EQ(picture.pixels(QRectF(0, 320, 320, 320 + 1e-9), 1.0).image.height(), 320);
     // The band after the one drawn is decoded ahead: the next row of frames is at hand at once.
     const QtPicture turning({file});
     drawn(turning, QRectF(0, 0, 320, 320), 1.0);
@@ -112,6 +115,33 @@ TEST_F(QtPictureTest, AFinerFileIsDrawnOnlyOnASurfaceOfItsDensity) {
     // A full-HD window stretches the picture's own a half again, as it stretched it before.
     EXPECT_EQ(drawn(picture, all, 1.5).size(), QSize(256, 256));
     EXPECT_EQ(drawn(picture, all, 0.5).size(), QSize(128, 128));
+}
+
+TEST_F(QtPictureTest, LargeSizesNotDrawnLatelyGoWhenANewOneIsDecodedButNeverWhatIsInUse) {
+    // Each whole at its own size holds 16 MB: two are more than the pictures may hold at once.
+    const QtPicture first({save(sheet(2048, 8), "first.jpg")});
+    const QtPicture second({save(sheet(2048, 8), "second.jpg")});
+    const QRectF all(0, 0, 2048, 2048);
+    const auto heldWidth = [&](const QtPicture& picture) {
+        return picture.pixels(all, 1.0).image.width();
+    };
+    // Both drawn in one redraw, and the one before: both stay.
+    QtPicture::beginRedraw();
+    EXPECT_EQ(drawn(first, all, 1.0).width(), 2048);
+    EXPECT_EQ(drawn(second, all, 1.0).width(), 2048);
+    QtPicture::beginRedraw();
+    EXPECT_EQ(heldWidth(first), 2048);
+    EXPECT_EQ(heldWidth(second), 2048);
+    // Drawn small for a while, the first lets go of its own size as soon as the second needs
+    // room for another, not seconds later; until it is decoded again, it is drawn coarser.
+    for (int redraw = 0; redraw < 3; ++redraw) {
+        QtPicture::beginRedraw();
+        drawn(first, all, 1.0 / 8);
+        drawn(second, all, 1.0);
+    }
+    drawn(second, QRectF(0, 0, 1024, 1024), 1.0 / 2);
+    EXPECT_LT(heldWidth(first), 2048);
+    EXPECT_EQ(drawn(first, all, 1.0).width(), 2048);
 }
 
 TEST_F(QtPictureTest, AFileChangedOrGoneDrawsNothingAndNeverStopsTheGame) {

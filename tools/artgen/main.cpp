@@ -33,14 +33,16 @@ struct Sheet {
 // Frame sizes are multiples of 16, so that frames line up with JPEG's blocks and a frame's colours
 // never bleed into its neighbour's. They are about as large as the game draws them where the
 // levels open, full screen: Earth, which fills most of the view at 25,000 km, the largest. The
-// game decodes a sheet at the size it draws it, so a body far away costs no more than it did from
-// a smaller sheet.
+// craft are made for the closest view they are flown in, docking, about 200 m across a full-HD
+// screen: there the ship and the satellite (100 m) are 960 pixels wide and the station (240 m)
+// 2,304, each at most half as large again as its frame. The game decodes a sheet at the size it
+// draws it, so a body far away costs no more than it did from a smaller sheet.
 constexpr Sheet kSheets[] = {
     {"sun.jpg", 6, 512, 2, drawSun},           {"venus.jpg", 8, 448, 2, drawVenus},
     {"earth.jpg", 8, 656, 2, drawEarth},       {"moon.jpg", 8, 448, 2, drawMoon},
     {"mars.jpg", 8, 448, 2, drawMars},         {"jupiter.jpg", 8, 448, 2, drawJupiter},
     {"asteroid.jpg", 8, 256, 2, drawAsteroid}, {"satellite.gif", 1, 640, 3, drawSatellite},
-    {"station.gif", 1, 1024, 3, drawStation},  {"ship.gif", 8, 256, 3, drawShip},
+    {"station.gif", 1, 1536, 3, drawStation},  {"ship.gif", 8, 640, 3, drawShip},
 };
 
 bool isGif(const std::string& file) {
