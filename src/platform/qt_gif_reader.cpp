@@ -13,7 +13,7 @@ using Byte = std::uint8_t;
 // The bytes of a file, read a block at a time.
 class Bytes {
   public:
-    explicit Bytes(QIODevice& file) : file_(file), buffer_(64 * 1024) {}
+    explicit Bytes(QIODevice& file) : file_(file), buffer_(std::size_t{64} * 1024) {}
     // The next byte; false at the end of the file.
     bool next(Byte& byte) {
         if (at_ == end_) {
