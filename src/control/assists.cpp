@@ -19,10 +19,15 @@ constexpr double kFurthestSteps = 1000;
 constexpr double kShortestLead = 60.0; // s, the least time from now to a burn's start
 constexpr double kBurnedOut = 1e-6;    // m/s left of a burn that count as none
 
+// The player's own time step, s, whether or not a plan ahead cuts this tick's.
+double playerStep(const Controller& c) {
+    return c.ownTimeStep > 0 ? c.ownTimeStep : c.game.timeStep;
+}
+
 // The least time from now to a new plan's start: a second of the player's time, a minute at the
 // least. The engine fired within it before the start begins the burn.
 double leadOf(const Controller& c) {
-    return std::max(kShortestLead, 30 * (c.ownTimeStep > 0 ? c.ownTimeStep : c.game.timeStep));
+    return std::max(kShortestLead, 30 * playerStep(c));
 }
 
 int targetIndex(const Controller& c) {
@@ -81,8 +86,7 @@ bool isPlanNudge(unsigned short key) {
 void nudgePlan(Controller& c, unsigned short key, int ticks) {
     BurnPlan& plan = c.plan;
     const double grown = std::min(kLargestNudge, std::pow(kNudgeGrowth, ticks));
-    const double moved =
-        std::max(kTimeNudge, c.ownTimeStep > 0 ? c.ownTimeStep : c.game.timeStep) * grown;
+    const double moved = std::max(kTimeNudge, playerStep(c)) * grown;
     if (key == kKeyHome)
         plan.time -= moved;
     else if (key == kKeyEnd)

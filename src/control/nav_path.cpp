@@ -123,13 +123,14 @@ bool PathFinder::Horizon::check(const std::vector<PathSample>& samples, const Pa
             isPassed = true;
         }
     }
+    const bool isTurned = std::abs(turn) >= kTurnsAhead * kTwoPi;
+    if (goal < 0)
+        return isTurned;
     const double high = finder.highPoint(last);
-    const bool isGoalDone = goal < 0 || isPassed || last.elapsed >= finder.goalUntil_ ||
-                            finder.isGoalOutOfReach(last, high);
+    const bool isGoalDone =
+        isPassed || last.elapsed >= finder.goalUntil_ || finder.isGoalOutOfReach(last, high);
     // A craft escaping its centre never turns round it: once past its goal it is far enough.
-    const bool isTurned =
-        std::abs(turn) >= kTurnsAhead * kTwoPi || (goal >= 0 && isPassed && std::isinf(high));
-    return isTurned && isGoalDone;
+    return (isTurned || (isPassed && std::isinf(high))) && isGoalDone;
 }
 
 double PathFinder::highPoint(const PathSample& s) const {

@@ -114,19 +114,15 @@ void NavPrediction::update(const Game& game, int level, bool isPartialObjectiveD
         const std::size_t reach =
             std::max(start_ + 1, static_cast<std::size_t>(ticksSinceRequest_));
         bool follows = false;
-        for (std::size_t k = start_; k < path->fine.size() && k <= reach && !follows; ++k) {
-            if (isSame(path->fine[k], game)) {
-                start_ = k;
-                follows = true;
-            }
-        }
-        // In steps of another length the world goes the path's way only nearly: it stands at the
-        // last place it has reached by the clock, while the fine path reaches that far.
-        for (std::size_t k = start_; isStepCut && !follows && k < path->fine.size(); ++k) {
-            if (path->fine[k].elapsed > game.elapsedTime) {
-                follows = k > 0;
-                start_ = k > 0 ? k - 1 : start_;
+        for (std::size_t k = start_; k < path->fine.size() && !follows; ++k) {
+            if (!isStepCut && k > reach)
                 break;
+            // In steps of another length the world goes the path's way only nearly: it stands at
+            // the last place it has reached by the clock, while the fine path reaches that far.
+            if (isStepCut ? path->fine[k].elapsed > game.elapsedTime && k > 0
+                          : isSame(path->fine[k], game)) {
+                start_ = isStepCut ? k - 1 : k;
+                follows = true;
             }
         }
         isLost = !follows && (path->fine.size() > reach || path->isComplete ||
